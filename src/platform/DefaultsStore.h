@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+namespace brivandel {
+
+/// The user's stored settings, a map from key to object. Objects are Booleans, 64-bit integers, strings and data
+/// (bool, qlonglong, QString, QByteArray in the QVariant), and stay what they are. Main thread.
+class DefaultsStore {
+public:
+    virtual ~DefaultsStore() = default;
+    /// An invalid variant when nothing is stored under the key.
+    [[nodiscard]] virtual QVariant object(const QString& key) const = 0;
+    /// In the store, for this and any other process, when it returns. Failures are reported in the log only.
+    virtual void set(const QString& key, const QVariant& value) = 0;
+    virtual void remove(const QString& key) = 0;
+};
+
+} // namespace brivandel

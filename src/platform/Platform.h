@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/AudioDevices.h"
+#include "platform/AudioEngine.h"
+#include "platform/Beeper.h"
+#include "platform/DefaultsStore.h"
+#include "platform/DiagnosticLog.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/MainQueue.h"
+#include "platform/Notifier.h"
+#include "platform/Permissions.h"
+#include "platform/ScriptHost.h"
+#include "platform/SpeechRecognition.h"
+#include "platform/WorkQueue.h"
+
+#include <memory>
+
+namespace brivandel {
+
+/// All that the program asks of a system. Members are destroyed in reverse order: what others use comes first.
+/// None of them is null: a service that a system lacks is an object that says so.
+struct Platform {
+    std::unique_ptr<MainQueue> mainQueue;
+    std::unique_ptr<WorkQueue> workQueue;
+    std::unique_ptr<DiagnosticLog> log;
+    std::unique_ptr<DefaultsStore> defaults;
+    std::unique_ptr<KeyboardLayout> keyboardLayout;
+    std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<Notifier> notifier;
+    std::unique_ptr<Beeper> beeper;
+    std::unique_ptr<ScriptHost> scriptHost;
+    std::unique_ptr<AudioDevices> audioDevices;
+    std::unique_ptr<AudioEngine> audioEngine;
+    std::unique_ptr<SpeechRecognition> speechRecognition;
+};
+
+/// What the user may tell a platform at start.
+struct PlatformOptions {
+    /// Which program stands for "Logic Pro" where that has another name; empty: the platform's own rule.
+    QString target;
+};
+
+/// The platform of this system: defined once a system, and the build picks the definition. Main thread.
+[[nodiscard]] std::unique_ptr<Platform> makePlatform(const PlatformOptions& options);
+
+} // namespace brivandel

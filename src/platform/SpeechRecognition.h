@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/AudioFormat.h"
+#include "platform/RecognitionVocabulary.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace brivandel {
+
+/// The sound of one recognition session.
+class SpeechRecognitionRequest {
+public:
+    virtual ~SpeechRecognitionRequest() = default;
+    /// Main thread, before the task is started.
+    virtual void setShouldReportPartialResults(bool report) = 0;
+    /// Audio thread: copies the samples and returns; takes no lock.
+    virtual void append(const AudioBuffer& buffer) = 0;
+    /// No more sound will come. Main thread.
+    virtual void endAudio() = 0;
+};
+
+/// The best transcription so far: of the whole session, not of the last utterance alone.
+struct RecognitionResult {
+    QString formattedString;
+    bool isFinal = false;
+};
+
+/// A running recognition. Destroying it cancels it. Main thread.
+class SpeechRecognitionTask {
+public:
+    virtual ~SpeechRecognitionTask() = default;
+    /// Ends the session; what was already heard is still delivered.
+    virtual void finish() = 0;
+    /// Ends the session; nothing more is delivered.
+    virtual void cancel() = 0;
+};
+
+class SpeechRecognizer {
+public:
+    /// Called on the recogniser's own thread, in order. Either may be there, or both; an error ends the session.
+    using ResultHandler = std::function<void(const std::optional<RecognitionResult>&, const std::optional<QString>& error)>;
+
+    virtual ~SpeechRecognizer() = default;
+    /// In force from the next utterance on, in a running session too. Main thread.
+    virtual void setVocabulary(const RecognitionVocabulary& vocabulary) = 0;
+    /// Starts recognising what is appended to the request. Main thread; returns at once.
+    [[nodiscard]] virtual std::unique_ptr<SpeechRecognitionTask>
+    startTask(std::shared_ptr<SpeechRecognitionRequest> request, ResultHandler handler) = 0;
+};
+
+/// Makes the two parts of a recognition. Main thread.
+class SpeechRecognition {
+public:
+    virtual ~SpeechRecognition() = default;
+    /// None when this system cannot recognise that locale (BCP 47, as in "en-US").
+    [[nodiscard]] virtual std::unique_ptr<SpeechRecognizer> makeRecognizer(const QString& locale) = 0;
+    /// None when a request cannot be made.
+    [[nodiscard]] virtual std::shared_ptr<SpeechRecognitionRequest> makeRequest() = 0;
+};
+
+} // namespace brivandel
