@@ -17,18 +17,18 @@
 
 namespace brivandel {
 
-/// All that the program asks of a system. Members are destroyed in reverse order: what others use comes first.
-/// None of them is null: a service that a system lacks is an object that says so.
+/// All that the program asks of a system. Members are destroyed in reverse order, so that work still running on the
+/// queue finds what it uses. None of them is null: a service that a system lacks is an object that says so.
 struct Platform {
     std::unique_ptr<MainQueue> mainQueue;
-    std::unique_ptr<WorkQueue> workQueue;
     std::unique_ptr<DiagnosticLog> log;
-    std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<KeyboardLayout> keyboardLayout;
     std::unique_ptr<Permissions> permissions;
     std::unique_ptr<Notifier> notifier;
     std::unique_ptr<Beeper> beeper;
     std::unique_ptr<ScriptHost> scriptHost;
+    std::unique_ptr<WorkQueue> workQueue;
+    std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<AudioDevices> audioDevices;
     std::unique_ptr<AudioEngine> audioEngine;
     std::unique_ptr<SpeechRecognition> speechRecognition;

@@ -29,7 +29,8 @@ struct RecognitionResult {
     bool isFinal = false;
 };
 
-/// A running recognition. Destroying it cancels it. Main thread.
+/// A running recognition. Letting go of it ends nothing: what was finished still delivers. A session that was neither
+/// finished nor cancelled ends silently once nobody holds its request. Main thread.
 class SpeechRecognitionTask {
 public:
     virtual ~SpeechRecognitionTask() = default;
