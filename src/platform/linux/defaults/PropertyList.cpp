@@ -1,0 +1,139 @@
+#include "platform/linux/defaults/PropertyList.h"
+
+#include <plist/plist.h>
+
+#include <cstdlib>
+#include <limits>
+#include <utility>
+
+namespace brivandel {
+
+namespace {
+
+template <typename Text>
+using Allocated = std::unique_ptr<Text, decltype(&std::free)>;
+
+QVariant toVariant(plist_t node) {
+    switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+        std::uint8_t flag = 0;
+        plist_get_bool_val(node, &flag);
+        return flag != 0;
+    }
+    case PLIST_UINT: {
+        std::uint64_t number = 0; // a negative one comes as its two's complement
+        plist_get_uint_val(node, &number);
+        return qlonglong{static_cast<std::int64_t>(number)};
+    }
+    case PLIST_REAL: {
+        double number = 0;
+        plist_get_real_val(node, &number);
+        return number;
+    }
+    case PLIST_STRING: {
+        std::uint64_t length = 0;
+        const char* text = plist_get_string_ptr(node, &length);
+        return QString::fromUtf8(text, static_cast<qsizetype>(length));
+    }
+    case PLIST_DATA: {
+        std::uint64_t length = 0;
+        const char* bytes = plist_get_data_ptr(node, &length);
+        return QByteArray(bytes, static_cast<qsizetype>(length));
+    }
+    default:
+        return {};
+    }
+}
+
+plist_t toNode(const QVariant& value) {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return plist_new_bool(value.toBool() ? 1 : 0);
+    case QMetaType::LongLong:
+        return plist_new_uint(static_cast<std::uint64_t>(value.toLongLong()));
+    case QMetaType::Double:
+        return plist_new_real(value.toDouble());
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        return plist_new_data(bytes.constData(), static_cast<std::uint64_t>(bytes.size()));
+    }
+    default:
+        return plist_new_string(value.toString().toUtf8().constData());
+    }
+}
+
+} // namespace
+
+void PropertyList::Deleter::operator()(void* node) const {
+    plist_free(node);
+}
+
+PropertyList::PropertyList()
+    : PropertyList(Handle(plist_new_dict())) {}
+
+PropertyList::PropertyList(Handle root)
+    : root_(std::move(root)) {}
+
+std::variant<PropertyList, PropertyListError> PropertyList::parse(const QByteArray& bytes) {
+    if (bytes.isEmpty()) {
+        return PropertyListError{QStringLiteral("the file is empty")};
+    }
+    if (bytes.size() > std::numeric_limits<std::int32_t>::max()) {
+        return PropertyListError{QStringLiteral("the file is too large")};
+    }
+    plist_t parsed = nullptr;
+    plist_from_memory(bytes.constData(), static_cast<std::uint32_t>(bytes.size()), &parsed);
+    Handle root(parsed);
+    if (!root) {
+        return PropertyListError{QStringLiteral("it is no property list, or a damaged one")};
+    }
+    if (plist_get_node_type(root.get()) != PLIST_DICT) {
+        return PropertyListError{QStringLiteral("it holds no dictionary")};
+    }
+    return PropertyList(std::move(root));
+}
+
+QByteArray PropertyList::toBinary() const {
+    char* allocated = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(root_.get(), &allocated, &length);
+    const Allocated<char> bytes(allocated, &std::free);
+    return {bytes.get(), static_cast<qsizetype>(length)};
+}
+
+QVariant PropertyList::object(const QString& key) const {
+    plist_t node = plist_dict_get_item(root_.get(), key.toUtf8().constData());
+    return node == nullptr ? QVariant() : toVariant(node);
+}
+
+void PropertyList::set(const QString& key, const QVariant& value) {
+    plist_dict_set_item(root_.get(), key.toUtf8().constData(), toNode(value));
+}
+
+void PropertyList::remove(const QString& key) {
+    const QByteArray name = key.toUtf8();
+    if (plist_dict_get_item(root_.get(), name.constData()) != nullptr) {
+        plist_dict_remove_item(root_.get(), name.constData());
+    }
+}
+
+QVariantMap PropertyList::objects() const {
+    plist_dict_iter allocated = nullptr;
+    plist_dict_new_iter(root_.get(), &allocated);
+    const Allocated<void> iterator(allocated, &std::free);
+    QVariantMap objects;
+    while (true) {
+        char* name = nullptr;
+        plist_t node = nullptr;
+        plist_dict_next_item(root_.get(), iterator.get(), &name, &node);
+        const Allocated<char> key(name, &std::free);
+        if (node == nullptr) {
+            return objects;
+        }
+        if (const QVariant value = toVariant(node); value.isValid()) {
+            objects.insert(QString::fromUtf8(key.get()), value);
+        }
+    }
+}
+
+} // namespace brivandel

@@ -1,0 +1,92 @@
+#include "platform/scripted/ScriptedServices.h"
+
+#include <QStringView>
+
+#include <utility>
+
+namespace brivandel {
+
+ScriptedWorkQueue::ScriptedWorkQueue(VirtualMainQueue& mainQueue)
+    : mainQueue_(mainQueue) {}
+
+void ScriptedWorkQueue::run(std::function<void()> work) {
+    work();
+    mainQueue_.setPostingDelay({});
+}
+
+ScriptedScriptHost::ScriptedScriptHost(const EventSink& sink, VirtualMainQueue& mainQueue)
+    : sink_(sink)
+    , mainQueue_(mainQueue) {}
+
+std::optional<ScriptErrorDictionary> ScriptedScriptHost::run(const QString& source) {
+    sink_("script", {{"source", source.toStdString()}});
+    mainQueue_.setPostingDelay(duration_);
+    return error_;
+}
+
+void ScriptedScriptHost::setOutcome(std::optional<ScriptErrorDictionary> error, VirtualMainQueue::Duration duration) {
+    error_ = std::move(error);
+    duration_ = duration;
+}
+
+ScriptedLog::ScriptedLog(const EventSink& sink)
+    : sink_(sink) {}
+
+void ScriptedLog::write(const QString& message) {
+    const QString callStack = QStringLiteral("Call stack: ");
+    sink_("log", {{"line", (message.startsWith(callStack) ? callStack + u'…' : message).toStdString()}});
+}
+
+ScriptedPermissions::ScriptedPermissions(const EventSink& sink)
+    : sink_(sink) {}
+
+void ScriptedPermissions::requestSpeechAuthorization(std::function<void(SpeechAuthorization)> answer) {
+    sink_("permissionRequest", {{"kind", "speech"}});
+    speechAnswer_ = std::move(answer);
+}
+
+void ScriptedPermissions::requestMicrophoneAccess(std::function<void(bool)> answer) {
+    sink_("permissionRequest", {{"kind", "microphone"}});
+    microphoneAnswer_ = std::move(answer);
+}
+
+void ScriptedPermissions::requestNotificationAuthorization() {
+    sink_("permissionRequest", {{"kind", "notifications"}});
+}
+
+void ScriptedPermissions::answerSpeech(SpeechAuthorization answer) const {
+    if (speechAnswer_) {
+        speechAnswer_(answer);
+    }
+}
+
+void ScriptedPermissions::answerMicrophone(bool granted) const {
+    if (microphoneAnswer_) {
+        microphoneAnswer_(granted);
+    }
+}
+
+ScriptedNotifier::ScriptedNotifier(const EventSink& sink)
+    : sink_(sink) {}
+
+void ScriptedNotifier::deliver(const Notification& notification) {
+    sink_("notification", {{"title", notification.title.toStdString()}, {"body", notification.body.toStdString()}});
+}
+
+ScriptedBeeper::ScriptedBeeper(const EventSink& sink)
+    : sink_(sink) {}
+
+void ScriptedBeeper::beep() {
+    sink_("beep", nlohmann::ordered_json::object());
+}
+
+std::optional<QString> ScriptedKeyboardLayout::characterForKeyCode(std::uint16_t keyCode) const {
+    // By virtual key code from 0; a blank where the code is none of a character key.
+    constexpr QStringView characters = u"asdfhgzxcv bqweryt123465=97-80]ou[ip lj'k;\\,/nm.";
+    if (keyCode >= characters.size() || characters[keyCode] == u' ') {
+        return std::nullopt;
+    }
+    return QString(characters[keyCode]);
+}
+
+} // namespace brivandel
