@@ -11,7 +11,7 @@
 
 namespace brivandel {
 
-VoiceController::VoiceController(Platform& platform)
+VoiceController::VoiceController(Platform& platform, const Preparation& beforeLoading)
     : platform_(platform)
     , settings_(*platform.defaults)
     , executor_({*platform.mainQueue, *platform.workQueue, *platform.scriptHost, *platform.beeper, *platform.log}, *this)
@@ -27,6 +27,9 @@ VoiceController::VoiceController(Platform& platform)
                            },
                        .disable = [this] { setIsListening(false); },
                    }) {
+    if (beforeLoading) {
+        beforeLoading(*this);
+    }
     loadSettings();
     vocabularyMayHaveChanged();
     requestPermissions();
@@ -137,6 +140,14 @@ void VoiceController::setIsAwake(bool awake) {
     assign(isAwake_, awake, &VoiceController::isAwakeChanged);
 }
 
+void VoiceController::setLastTranscript(const QString& transcript) {
+    assign(lastTranscript_, transcript, &VoiceController::lastTranscriptChanged);
+}
+
+void VoiceController::setCommandHistory(const CommandHistory& history) {
+    assign(commandHistory_, history, &VoiceController::commandHistoryChanged);
+}
+
 void VoiceController::setAudioLevel(float level) {
     assign(audioLevel_, level, &VoiceController::audioLevelChanged);
 }
@@ -240,7 +251,7 @@ void VoiceController::resetIdleTimer() {
 }
 
 void VoiceController::handleRecognitionText(const QString& transcript) {
-    assign(lastTranscript_, transcript, &VoiceController::lastTranscriptChanged);
+    setLastTranscript(transcript);
     if (pipeline_.handledCommand()) {
         return;
     }
@@ -272,11 +283,13 @@ void VoiceController::matchAndExecute(QStringView text) {
     }
 }
 
-void VoiceController::act(const TriggerWordOn& /*match*/) {
+void VoiceController::act(const TriggerWordOn& match) {
+    Q_EMIT willAct(match);
     switchTriggerWord(true);
 }
 
-void VoiceController::act(const TriggerWordOff& /*match*/) {
+void VoiceController::act(const TriggerWordOff& match) {
+    Q_EMIT willAct(match);
     switchTriggerWord(false);
 }
 
@@ -300,6 +313,7 @@ void VoiceController::act(const BarNavigation& navigation) {
         logToFile(QStringLiteral("Suppressed echo: bar %1").arg(navigation.bar));
         return;
     }
+    Q_EMIT willAct(navigation);
     beginExecution(echoKey);
     logToFile(QStringLiteral("Bar navigation: bar %1, thenPlay=%2").arg(navigation.bar).arg(logText(navigation.thenPlay)));
     executor_.execute(executionPlan(navigation));
@@ -312,6 +326,7 @@ void VoiceController::act(const BuiltInMatch& match) {
         logToFile(QStringLiteral("Suppressed echo: '%1' (same command within 4s)").arg(match.trigger));
         return;
     }
+    Q_EMIT willAct(match);
     beginExecution(echoKey);
     pipeline_.forgetRecentRestarts();
     logToFile(QStringLiteral("Matched trigger: '%1' for command: %2").arg(match.trigger, echoKey));
@@ -325,6 +340,7 @@ void VoiceController::act(const CustomMatch& match) {
         logToFile(QStringLiteral("Suppressed echo (custom): '%1'").arg(match.trigger));
         return;
     }
+    Q_EMIT willAct(match);
     beginExecution(echoKey);
     pipeline_.forgetRecentRestarts();
     logToFile(QStringLiteral("Matched custom trigger: '%1' for command: %2").arg(match.trigger, echoKey));
@@ -357,7 +373,7 @@ void VoiceController::executionSucceeded(VoiceCommand command) {
     if (history.size() > commandHistoryLimit) {
         history.resize(commandHistoryLimit);
     }
-    assign(commandHistory_, std::move(history), &VoiceController::commandHistoryChanged);
+    setCommandHistory(history);
 }
 
 bool VoiceController::executionMayBeep() const {

@@ -17,6 +17,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -34,12 +35,12 @@ class VoiceController final : public QObject,
                               private RecognitionPipelineObserver {
     Q_OBJECT
     Q_PROPERTY(bool isListening READ isListening WRITE setIsListening NOTIFY isListeningChanged)
-    Q_PROPERTY(QString lastCommand READ lastCommand NOTIFY lastCommandChanged)
-    Q_PROPERTY(QString lastTranscript READ lastTranscript NOTIFY lastTranscriptChanged)
-    Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY statusMessageChanged)
-    Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
-    Q_PROPERTY(brivandel::CommandHistory commandHistory READ commandHistory NOTIFY commandHistoryChanged)
-    Q_PROPERTY(float audioLevel READ audioLevel NOTIFY audioLevelChanged)
+    Q_PROPERTY(QString lastCommand READ lastCommand WRITE setLastCommand NOTIFY lastCommandChanged)
+    Q_PROPERTY(QString lastTranscript READ lastTranscript WRITE setLastTranscript NOTIFY lastTranscriptChanged)
+    Q_PROPERTY(QString statusMessage READ statusMessage WRITE setStatusMessage NOTIFY statusMessageChanged)
+    Q_PROPERTY(bool isAwake READ isAwake WRITE setIsAwake NOTIFY isAwakeChanged)
+    Q_PROPERTY(brivandel::CommandHistory commandHistory READ commandHistory WRITE setCommandHistory NOTIFY commandHistoryChanged)
+    Q_PROPERTY(float audioLevel READ audioLevel WRITE setAudioLevel NOTIFY audioLevelChanged)
     Q_PROPERTY(QString wakeWord READ wakeWord WRITE setWakeWord NOTIFY wakeWordChanged)
     Q_PROPERTY(bool useWakeWord READ useWakeWord WRITE setUseWakeWord NOTIFY useWakeWordChanged)
     Q_PROPERTY(bool audioFeedbackEnabled READ audioFeedbackEnabled WRITE setAudioFeedbackEnabled NOTIFY
@@ -60,21 +61,31 @@ public:
     /// The controller of this process, on the system's own platform: made on first use, owned by the application object.
     [[nodiscard]] static VoiceController& shared();
 
+    using Preparation = std::function<void(VoiceController&)>;
+
     /// Loads every setting and asks for the permissions; does not start listening. The platform must outlive it.
-    explicit VoiceController(Platform& platform);
+    /// beforeLoading may connect to the object before the first assignment.
+    explicit VoiceController(Platform& platform, const Preparation& beforeLoading = {});
     ~VoiceController() override;
 
     [[nodiscard]] bool isListening() const { return isListening_; }
     void setIsListening(bool listening);
 
+    // What is shown. The engine itself assigns these; assigning one from outside shows it and does nothing else.
     [[nodiscard]] const QString& lastCommand() const { return lastCommand_; }
+    void setLastCommand(const QString& command);
     [[nodiscard]] const QString& lastTranscript() const { return lastTranscript_; }
+    void setLastTranscript(const QString& transcript);
     [[nodiscard]] const QString& statusMessage() const { return statusMessage_; }
+    void setStatusMessage(const QString& message);
     /// The wake phrase was heard and a command is awaited.
     [[nodiscard]] bool isAwake() const { return isAwake_; }
+    void setIsAwake(bool awake);
     [[nodiscard]] const CommandHistory& commandHistory() const { return commandHistory_; }
+    void setCommandHistory(const CommandHistory& history);
     /// From 0 to 1.
     [[nodiscard]] float audioLevel() const { return audioLevel_; }
+    void setAudioLevel(float level);
 
     [[nodiscard]] const QString& wakeWord() const { return wakeWord_; }
     void setWakeWord(const QString& wakeWord);
@@ -128,14 +139,12 @@ Q_SIGNALS:
     void customCommandsChanged();
     void builtInTriggerOverridesChanged();
 
+    /// Something said is about to be acted on; repeats that are suppressed are not announced.
+    void willAct(const brivandel::Decision& decision);
+
 private:
     template <typename Value>
     void assign(Value& property, Value value, void (VoiceController::*changed)());
-    void setLastCommand(const QString& command);
-    void setStatusMessage(const QString& message);
-    void setIsAwake(bool awake);
-    void setAudioLevel(float level);
-
     void loadSettings();
     void requestPermissions();
     void logToFile(const QString& message);

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <QVariantMap>
 
 namespace brivandel {
 
@@ -12,6 +13,8 @@ public:
     virtual ~DefaultsStore() = default;
     /// An invalid variant when nothing is stored under the key.
     [[nodiscard]] virtual QVariant object(const QString& key) const = 0;
+    /// Everything that is stored.
+    [[nodiscard]] virtual QVariantMap objects() const = 0;
     /// In the store, for this and any other process, when it returns. Failures are reported in the log only.
     virtual void set(const QString& key, const QVariant& value) = 0;
     virtual void remove(const QString& key) = 0;

@@ -17,6 +17,7 @@ public:
     explicit MemoryDefaultsStore(QVariantMap objects = {}, WriteObserver observer = {});
 
     [[nodiscard]] QVariant object(const QString& key) const override;
+    [[nodiscard]] QVariantMap objects() const override { return objects_; }
     void set(const QString& key, const QVariant& value) override;
     void remove(const QString& key) override;
 

@@ -32,6 +32,7 @@ public:
     PropertyListDefaultsStore(QString path, DiagnosticLog& log, WorkQueue* workQueue, Complaint complaint);
 
     [[nodiscard]] QVariant object(const QString& key) const override;
+    [[nodiscard]] QVariantMap objects() const override { return list_.objects(); }
     void set(const QString& key, const QVariant& value) override;
     void remove(const QString& key) override;
 

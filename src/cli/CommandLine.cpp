@@ -1,0 +1,76 @@
+#include "cli/CommandLine.h"
+
+#include "cli/Subcommands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <ostream>
+#include <span>
+#include <string>
+
+namespace brivandel {
+
+namespace {
+
+constexpr auto adders = std::to_array({
+    addCommandsCommand,
+    addTryCommand,
+    addListenCommand,
+    addTranscribeCommand,
+    addScriptCommand,
+    addReplayCommand,
+});
+
+// The command that an error is about: the subcommand that was named, if one was.
+std::string commandName(const CLI::App& app) {
+    const auto chosen = app.get_subcommands();
+    return chosen.empty() ? app.get_name() : app.get_name() + ' ' + chosen.front()->get_name();
+}
+
+std::string oneLine(std::string text) {
+    std::ranges::replace(text, '\n', ' ');
+    return text;
+}
+
+} // namespace
+
+bool isForCommandLine(int argumentCount, const char* const* arguments) {
+    CLI::App app;
+    Subcommands subcommands;
+    for (const auto add : adders) {
+        add(app, subcommands);
+    }
+    const std::span<const char* const> all(arguments, static_cast<std::size_t>(argumentCount));
+    return std::ranges::any_of(all.subspan(1), [&subcommands](const char* argument) {
+        const auto isNamed = [argument](const auto& entry) { return entry.first->get_name() == argument; };
+        return std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0 ||
+               std::strcmp(argument, "--version") == 0 || std::ranges::any_of(subcommands, isNamed);
+    });
+}
+
+int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal) {
+    CLI::App app("Brivandel listens for spoken commands and sends their keys to Logic Pro.", "brivandel");
+    app.set_version_flag("--version", "brivandel " BRIVANDEL_VERSION);
+    app.require_subcommand(1);
+    Subcommands subcommands;
+    for (const auto add : adders) {
+        add(app, subcommands);
+    }
+
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (const CLI::Success& request) { // help or version was asked for
+        app.exit(request, terminal.out, terminal.err);
+        return ExitStatus::success;
+    } catch (const CLI::ParseError& error) {
+        const std::string name = commandName(app);
+        terminal.err << name << ": " << oneLine(error.what()) << "; type '" << name << " --help' for what it takes\n";
+        return ExitStatus::badUsage;
+    }
+    return subcommands.at(app.get_subcommands().front())(terminal);
+}
+
+} // namespace brivandel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <iosfwd>
+
+namespace brivandel {
+
+/// Where a run of the headless face reads and writes.
+struct Terminal {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+/// Exit statuses of every subcommand.
+enum ExitStatus : int {
+    success = 0,
+    failure = 1,  ///< what was asked for did not come about
+    badUsage = 2, ///< the call, or a scenario, is not of the form that is understood
+};
+
+/// Whether these arguments are for the headless face: a subcommand stands among them, or they ask for help or version.
+[[nodiscard]] bool isForCommandLine(int argumentCount, const char* const* arguments);
+
+/// Runs a subcommand and returns the process's exit status.
+[[nodiscard]] int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal);
+
+} // namespace brivandel

@@ -1,0 +1,40 @@
+#include "cli/PhraseTrial.h"
+
+#include "cli/DecisionText.h"
+#include "engine/WakePhrase.h"
+
+namespace brivandel {
+
+PhraseTrial::PhraseTrial(const UserSettings& settings)
+    : wakeWord_(settings.wakeWord)
+    , useWakeWord_(settings.useWakeWord) {
+    matcher_.setTriggerOverrides(settings.triggerOverrides);
+    matcher_.setCustomCommands(settings.customCommands);
+}
+
+PhraseOutcome PhraseTrial::outcome(const QString& phrase) const {
+    const QString transcript = phrase.toLower();
+    if (!useWakeWord_) {
+        return {phrase, false, true, matcher_.candidates(transcript)};
+    }
+    const auto command = textAfterWakePhrase(transcript, wakeWord_);
+    if (!command) {
+        return {phrase, false, false, {}};
+    }
+    if (command->isEmpty()) {
+        return {phrase, true, false, {}};
+    }
+    return {phrase, true, true, matcher_.candidates(*command)};
+}
+
+nlohmann::ordered_json outcomeJson(const PhraseOutcome& outcome) {
+    nlohmann::ordered_json json = {{"phrase", outcome.phrase.toStdString()}, {"woke", outcome.woke}};
+    if (outcome.decisions.empty()) {
+        json["kind"] = "none";
+    } else {
+        json.update(decisionMembers(outcome.decisions.front()));
+    }
+    return json;
+}
+
+} // namespace brivandel

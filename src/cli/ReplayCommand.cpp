@@ -1,0 +1,100 @@
+#include "cli/Subcommands.h"
+#include "cli/replay/ReplaySession.h"
+#include "platform/PlatformFactory.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <istream>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace brivandel {
+
+namespace {
+
+struct ReplayOptions {
+    std::string file = "-";
+    std::string settings;
+    std::vector<std::string> only;
+    bool json = false; // nothing else is printed; the switch is there because every subcommand has it
+};
+
+constexpr auto eventNames = std::to_array<std::string_view>({
+    "change", "log", "script", "beep", "notification", "store", "request", "task", "engine", "append",
+    "permissionRequest", "state",
+});
+
+int replay(std::istream& in, const std::string& name, ReplaySession& session, std::ostream& err) {
+    std::string line;
+    for (std::size_t number = 1; std::getline(in, line); ++number) {
+        if (!line.empty() && line.back() == '\r') {
+            line.pop_back();
+        }
+        if (line.empty() || line.front() == '#') {
+            continue;
+        }
+        try {
+            ScenarioStep step(line);
+            session.play(step);
+        } catch (const ScenarioError& error) {
+            err << name << ':' << number << ": " << error.what() << '\n';
+            return ExitStatus::badUsage;
+        }
+    }
+    return ExitStatus::success;
+}
+
+int runReplay(const ReplayOptions& options, const Terminal& terminal) {
+    const auto unknown = std::ranges::find_if(options.only, [](const std::string& name) {
+        return std::ranges::find(eventNames, name) == eventNames.end();
+    });
+    if (unknown != options.only.end()) {
+        terminal.err << "brivandel replay: there is no event \"" << *unknown << "\"; type 'brivandel replay --help'\n";
+        return ExitStatus::badUsage;
+    }
+    QVariantMap storedObjects;
+    if (!options.settings.empty()) {
+        auto read = readDefaultsFile(QString::fromStdString(options.settings));
+        if (const auto* reason = std::get_if<QString>(&read)) {
+            terminal.err << "brivandel replay: " << options.settings << ": " << reason->toStdString() << '\n';
+            return ExitStatus::failure;
+        }
+        storedObjects = std::get<QVariantMap>(read);
+    }
+    std::ifstream file;
+    if (options.file != "-") {
+        file.open(options.file);
+        if (!file) {
+            terminal.err << "brivandel replay: " << options.file << ": cannot be read\n";
+            return ExitStatus::failure;
+        }
+    }
+
+    const auto print = [&](const nlohmann::ordered_json& effect) {
+        const auto& event = effect.at("event").get_ref<const std::string&>();
+        if (options.only.empty() || std::ranges::find(options.only, event) != options.only.end()) {
+            terminal.out << effect.dump() << '\n';
+        }
+    };
+    ReplaySession session(print, storedObjects);
+    return replay(options.file == "-" ? terminal.in : file, options.file, session, terminal.err);
+}
+
+} // namespace
+
+void addReplayCommand(CLI::App& app, Subcommands& subcommands) {
+    const auto options = std::make_shared<ReplayOptions>();
+    CLI::App* command = app.add_subcommand("replay", "Play a scenario against the engine, in virtual time; nothing is sent");
+    command->add_option("FILE", options->file, "The scenario, JSON Lines; '-', or none, reads it from standard input");
+    command->add_option("--settings", options->settings, "Start from a copy of this settings file");
+    command->add_option("--only", options->only, "Print these events only, as in --only log,script,change")->delimiter(',');
+    command->add_flag("--json", options->json, "Print JSON, one object a line, which is what it always prints");
+    subcommands[command] = [options](const Terminal& terminal) { return runReplay(*options, terminal); };
+}
+
+} // namespace brivandel

@@ -1,0 +1,63 @@
+#include "cli/ScriptErrorJson.h"
+#include "cli/Subcommands.h"
+#include "platform/PlatformFactory.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QString>
+
+#include <fstream>
+#include <istream>
+#include <iterator>
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace brivandel {
+
+namespace {
+
+struct ScriptOptions {
+    std::string file = "-";
+    std::string target;
+    bool json = false;
+};
+
+int runScript(const ScriptOptions& options, const Terminal& terminal) {
+    std::ifstream file;
+    if (options.file != "-") {
+        file.open(options.file);
+        if (!file) {
+            terminal.err << "brivandel script: " << options.file << ": cannot be read\n";
+            return ExitStatus::failure;
+        }
+    }
+    std::istream& in = options.file == "-" ? terminal.in : file;
+    const std::string source{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+
+    const auto host = makeScriptHost({QString::fromStdString(options.target)});
+    const auto error = host->run(QString::fromStdString(source));
+    if (options.json) {
+        auto result = nlohmann::ordered_json::object();
+        if (error) {
+            result["error"] = scriptErrorJson(*error);
+        }
+        terminal.out << result.dump() << '\n';
+    } else if (error) {
+        terminal.out << describe(*error).toStdString() << '\n';
+    }
+    return error ? ExitStatus::failure : ExitStatus::success;
+}
+
+} // namespace
+
+void addScriptCommand(CLI::App& app, Subcommands& subcommands) {
+    const auto options = std::make_shared<ScriptOptions>();
+    CLI::App* command = app.add_subcommand("script", "Hand an AppleScript to the script host, as a command would");
+    command->add_option("FILE", options->file, "The script; '-', or none, reads it from standard input");
+    command->add_option("--target", options->target, "The program that stands for Logic Pro")->envname("BRIVANDEL_TARGET");
+    command->add_flag("--json", options->json, "Print JSON, one object a line");
+    subcommands[command] = [options](const Terminal& terminal) { return runScript(*options, terminal); };
+}
+
+} // namespace brivandel

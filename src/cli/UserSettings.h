@@ -1,0 +1,27 @@
+#pragma once
+
+#include "commands/CustomCommand.h"
+#include "commands/TriggerOverrides.h"
+
+#include <QString>
+#include <QVariantMap>
+
+#include <iosfwd>
+
+namespace brivandel {
+
+/// What the user has set, as far as it decides what a phrase means. Nothing is written back.
+struct UserSettings {
+    QString wakeWord;
+    bool useWakeWord = true;
+    CustomCommandList customCommands;
+    TriggerOverrides triggerOverrides;
+};
+
+/// The settings of the user who runs the program. What is wrong with their file is said on err.
+[[nodiscard]] UserSettings readUserSettings(std::ostream& err);
+
+/// The same settings as stored objects, for a platform that must not change the user's own.
+[[nodiscard]] QVariantMap readUserDefaults(std::ostream& err);
+
+} // namespace brivandel

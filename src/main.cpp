@@ -1,0 +1,11 @@
+#include "cli/CommandLine.h"
+
+#include <QCoreApplication>
+
+#include <iostream>
+
+int main(int argc, char* argv[]) {
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("brivandel"));
+    return brivandel::runCommandLine(argc, argv, {std::cin, std::cout, std::cerr});
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <QString>
+#include <QVariantMap>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <variant>
+
+// What a system offers in parts, for those who need no whole platform. Defined once a system, like makePlatform().
+namespace brivandel {
+
+/// The user's stored settings. complaint hears what a person must know about them (a file that cannot be read).
+[[nodiscard]] std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
+                                                               std::function<void(const QString&)> complaint);
+
+/// The objects in a settings file, or in words why it cannot be read.
+[[nodiscard]] std::variant<QVariantMap, QString> readDefaultsFile(const QString& path);
+
+[[nodiscard]] std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options);
+
+/// A recogniser for sound that is there already: it decodes what is appended at once, on the caller's thread, and
+/// delivers there, as fast as the machine can. Its models are loaded once for all sessions.
+[[nodiscard]] std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition();
+
+/// Why speech cannot be recognised here, in words; none when it can.
+[[nodiscard]] std::optional<QString> speechRecognitionProblem();
+
+} // namespace brivandel
