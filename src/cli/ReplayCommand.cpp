@@ -2,6 +2,8 @@
 #include "cli/replay/ReplaySession.h"
 #include "platform/PlatformFactory.h"
 
+#include <QStringList>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -11,7 +13,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <vector>
 
 namespace brivandel {
 
@@ -20,13 +21,23 @@ namespace {
 struct ReplayOptions {
     std::string file = "-";
     std::string settings;
-    std::vector<std::string> only;
+    std::string only;  // event names with commas between; empty: all
     bool json = false; // nothing else is printed; the switch is there because every subcommand has it
 };
 
 constexpr auto eventNames = std::to_array<std::string_view>({
-    "change", "log", "script", "beep", "notification", "store", "request", "task", "engine", "append",
-    "permissionRequest", "state",
+    "change",
+    "log",
+    "script",
+    "beep",
+    "notification",
+    "store",
+    "request",
+    "task",
+    "engine",
+    "append",
+    "permissionRequest",
+    "state",
 });
 
 int replay(std::istream& in, const std::string& name, ReplaySession& session, std::ostream& err) {
@@ -49,12 +60,18 @@ int replay(std::istream& in, const std::string& name, ReplaySession& session, st
     return ExitStatus::success;
 }
 
+QStringList commaSeparated(const std::string& text) {
+    return QString::fromStdString(text).split(u',', Qt::SkipEmptyParts);
+}
+
 int runReplay(const ReplayOptions& options, const Terminal& terminal) {
-    const auto unknown = std::ranges::find_if(options.only, [](const std::string& name) {
-        return std::ranges::find(eventNames, name) == eventNames.end();
+    const QStringList only = commaSeparated(options.only);
+    const auto unknown = std::ranges::find_if(only, [](const QString& name) {
+        return std::ranges::find(eventNames, name.toStdString()) == eventNames.end();
     });
-    if (unknown != options.only.end()) {
-        terminal.err << "brivandel replay: there is no event \"" << *unknown << "\"; type 'brivandel replay --help'\n";
+    if (unknown != only.end()) {
+        terminal.err << "brivandel replay: there is no event \"" << unknown->toStdString()
+                     << "\"; type 'brivandel replay --help'\n";
         return ExitStatus::badUsage;
     }
     QVariantMap storedObjects;
@@ -77,7 +94,7 @@ int runReplay(const ReplayOptions& options, const Terminal& terminal) {
 
     const auto print = [&](const nlohmann::ordered_json& effect) {
         const auto& event = effect.at("event").get_ref<const std::string&>();
-        if (options.only.empty() || std::ranges::find(options.only, event) != options.only.end()) {
+        if (only.isEmpty() || only.contains(QString::fromStdString(event))) {
             terminal.out << effect.dump() << '\n';
         }
     };
@@ -89,11 +106,14 @@ int runReplay(const ReplayOptions& options, const Terminal& terminal) {
 
 void addReplayCommand(CLI::App& app, Subcommands& subcommands) {
     const auto options = std::make_shared<ReplayOptions>();
-    CLI::App* command = app.add_subcommand("replay", "Play a scenario against the engine, in virtual time; nothing is sent");
-    command->add_option("FILE", options->file, "The scenario, JSON Lines; '-', or none, reads it from standard input");
+    CLI::App* command =
+        app.add_subcommand("replay", "Play a scenario against the engine, in virtual time; nothing is sent");
+    command->add_option("FILE", options->file,
+                        "The scenario, JSON Lines; '-', or none, reads it from standard input");
     command->add_option("--settings", options->settings, "Start from a copy of this settings file");
-    command->add_option("--only", options->only, "Print these events only, as in --only log,script,change")->delimiter(',');
-    command->add_flag("--json", options->json, "Print JSON, one object a line, which is what it always prints");
+    command->add_option("--only", options->only, "Print these events only, as in --only log,script,change");
+    command->add_flag("--json", options->json,
+                      "Print JSON, one object a line, which is what it always prints");
     subcommands[command] = [options](const Terminal& terminal) { return runReplay(*options, terminal); };
 }
 
