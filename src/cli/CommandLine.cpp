@@ -67,7 +67,8 @@ int runCommandLine(int argumentCount, const char* const* arguments, const Termin
         return ExitStatus::success;
     } catch (const CLI::ParseError& error) {
         const std::string name = commandName(app);
-        terminal.err << name << ": " << oneLine(error.what()) << "; type '" << name << " --help' for what it takes\n";
+        terminal.err << name << ": " << oneLine(error.what()) << "; type '" << name
+                     << " --help' for what it takes\n";
         return ExitStatus::badUsage;
     }
     return subcommands.at(app.get_subcommands().front())(terminal);

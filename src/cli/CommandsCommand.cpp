@@ -2,10 +2,10 @@
 #include "cli/UserSettings.h"
 #include "engine/TranscriptMatcher.h"
 
+#include <QStringList>
+
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
-
-#include <QStringList>
 
 #include <memory>
 #include <ostream>
@@ -36,15 +36,19 @@ std::vector<Row> rows(const UserSettings& settings) {
             }
         }
         if (category == CommandCategory::navigation) {
-            all.push_back({rawValue(category), QStringLiteral("go to bar N"), QStringLiteral("Go to a bar"),
+            all.push_back({rawValue(category),
+                           QStringLiteral("go to bar N"),
+                           QStringLiteral("Go to a bar"),
                            {QStringLiteral("go to bar N")}});
-            all.push_back({rawValue(category), QStringLiteral("play from bar N"), QStringLiteral("Play from a bar"),
+            all.push_back({rawValue(category),
+                           QStringLiteral("play from bar N"),
+                           QStringLiteral("Play from a bar"),
                            {QStringLiteral("play from bar N"), QStringLiteral("play at bar N")}});
         }
     }
     for (const CustomCommand& command : settings.customCommands) {
-        all.push_back({QStringLiteral("Custom"), command.name, command.capturedKey.displayString, command.triggers,
-                       command.isEnabled});
+        all.push_back({QStringLiteral("Custom"), command.name, command.capturedKey.displayString,
+                       command.triggers, command.isEnabled});
     }
     return all;
 }
@@ -82,7 +86,8 @@ void printText(const std::vector<Row>& rows, std::ostream& out) {
             notes += QStringLiteral("switched off");
         }
         constexpr int nameWidth = 18;
-        out << "  " << row.command.leftJustified(nameWidth).toStdString() << ' ' << row.description.toStdString();
+        out << "  " << row.command.leftJustified(nameWidth).toStdString() << ' '
+            << row.description.toStdString();
         for (const QString& note : notes) {
             out << "\n  " << QString(nameWidth + 1, u' ').toStdString() << note.toStdString();
         }

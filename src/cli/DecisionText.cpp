@@ -26,7 +26,8 @@ QString pressingLines(const QString& script) {
     QStringList presses;
     for (const QString& line : script.split(u'\n')) {
         const QString statement = line.trimmed();
-        if (statement.startsWith(QStringLiteral("key code")) || statement.startsWith(QStringLiteral("keystroke"))) {
+        if (statement.startsWith(QStringLiteral("key code")) ||
+            statement.startsWith(QStringLiteral("keystroke"))) {
             presses += statement;
         }
     }
@@ -69,30 +70,32 @@ nlohmann::ordered_json decisionMembers(const Decision& decision) {
 }
 
 QString decisionText(const Decision& decision) {
-    return std::visit(Overloaded{
-                          [](const TriggerWordOn& match) {
-                              return QStringLiteral("the trigger word is switched on, by ") + quoted(match.trigger);
-                          },
-                          [](const TriggerWordOff& match) {
-                              return QStringLiteral("the trigger word is switched off, by ") + quoted(match.trigger);
-                          },
-                          [](const BarNavigation& navigation) { return barNavigationLabel(navigation); },
-                          [](const BuiltInMatch& match) {
-                              return QStringLiteral("%1 (%2), by %3")
-                                  .arg(rawValue(match.command), description(match.command), quoted(match.trigger));
-                          },
-                          [](const CustomMatch& match) {
-                              return QStringLiteral("%1 (%2, your own command), by %3")
-                                  .arg(match.command.name, match.command.capturedKey.displayString, quoted(match.trigger));
-                          },
-                      },
-                      decision);
+    return std::visit(
+        Overloaded{
+            [](const TriggerWordOn& match) {
+                return QStringLiteral("the trigger word is switched on, by ") + quoted(match.trigger);
+            },
+            [](const TriggerWordOff& match) {
+                return QStringLiteral("the trigger word is switched off, by ") + quoted(match.trigger);
+            },
+            [](const BarNavigation& navigation) { return barNavigationLabel(navigation); },
+            [](const BuiltInMatch& match) {
+                return QStringLiteral("%1 (%2), by %3")
+                    .arg(rawValue(match.command), description(match.command), quoted(match.trigger));
+            },
+            [](const CustomMatch& match) {
+                return QStringLiteral("%1 (%2, your own command), by %3")
+                    .arg(match.command.name, match.command.capturedKey.displayString, quoted(match.trigger));
+            },
+        },
+        decision);
 }
 
 QString decisionKeys(const Decision& decision) {
     const auto members = decisionMembers(decision);
     const auto script = members.find("script");
-    return script == members.end() ? QString() : pressingLines(QString::fromStdString(script->get<std::string>()));
+    return script == members.end() ? QString()
+                                   : pressingLines(QString::fromStdString(script->get<std::string>()));
 }
 
 } // namespace brivandel

@@ -2,14 +2,14 @@
 
 #include "engine/TranscriptMatcher.h"
 
-#include <nlohmann/json.hpp>
-
 #include <QString>
+
+#include <nlohmann/json.hpp>
 
 namespace brivandel {
 
-/// The members by which a decision is printed: kind, command, trigger, bar, thenPlay, script; those that do not apply to
-/// its kind are absent.
+/// The members by which a decision is printed: kind, command, trigger, bar, thenPlay, script; those that do
+/// not apply to its kind are absent.
 [[nodiscard]] nlohmann::ordered_json decisionMembers(const Decision& decision);
 
 /// The decision in words, as in: play (Start playback from current position), by "play"

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <cmath>
 #include <iomanip>
 #include <memory>
@@ -42,6 +43,15 @@ public:
         : file_(std::move(file))
         , json_(json)
         , terminal_(terminal) {}
+
+    // The clock, with which other programs' stamps can be compared, means something only when sound and clock
+    // keep pace.
+    void began(std::chrono::steady_clock::time_point time) {
+        if (json_) {
+            printJson(0, "began",
+                      {{"monotonic", std::chrono::duration<double>(time.time_since_epoch()).count()}});
+        }
+    }
 
     void heard(double seconds, const RecognitionResult& result) {
         const std::string text = result.formattedString.toStdString();
@@ -81,7 +91,8 @@ private:
     }
 
     void printText(double seconds, const std::string& text) {
-        terminal_.out << file_ << std::fixed << std::setprecision(2) << std::setw(9) << seconds << " s  " << text << std::endl;
+        terminal_.out << file_ << std::fixed << std::setprecision(2) << std::setw(9) << seconds << " s  "
+                      << text << std::endl;
     }
 
     std::string file_;
@@ -95,7 +106,8 @@ int runListen(const ListenOptions& options, const Terminal& terminal) {
         terminal.err << "brivandel listen: " << problem->toStdString() << '\n';
         return ExitStatus::failure;
     }
-    const auto scriptHost = options.dryRun ? nullptr : makeScriptHost({QString::fromStdString(options.target)});
+    const auto scriptHost =
+        options.dryRun ? nullptr : makeScriptHost({QString::fromStdString(options.target)});
     const FileListeningOptions listening{readUserDefaults(terminal.err), scriptHost.get(), options.realTime};
 
     bool allWell = true;
@@ -109,6 +121,12 @@ int runListen(const ListenOptions& options, const Terminal& terminal) {
         Report report(path, options.json, terminal);
         listenToFile(std::get<WaveFile>(opened), *recognition, listening,
                      {
+                         .began =
+                             [&](auto time) {
+                                 if (options.realTime) {
+                                     report.began(time);
+                                 }
+                             },
                          .heard = [&report](auto... arguments) { report.heard(arguments...); },
                          .command = [&report](auto... arguments) { report.command(arguments...); },
                          .script =
@@ -125,11 +143,15 @@ int runListen(const ListenOptions& options, const Terminal& terminal) {
 
 void addListenCommand(CLI::App& app, Subcommands& subcommands) {
     const auto options = std::make_shared<ListenOptions>();
-    CLI::App* command = app.add_subcommand("listen", "Listen to sound files and carry out what is said in them");
-    command->add_option("FILE", options->files, "WAV files; each is heard by a controller of its own")->required();
+    CLI::App* command =
+        app.add_subcommand("listen", "Listen to sound files and carry out what is said in them");
+    command->add_option("FILE", options->files, "WAV files; each is heard by a controller of its own")
+        ->required();
     command->add_flag("--dry-run", options->dryRun, "Run no script");
-    command->add_flag("--real-time", options->realTime, "Listen at the pace of a microphone, not as fast as it goes");
-    command->add_option("--target", options->target, "The program that stands for Logic Pro")->envname("BRIVANDEL_TARGET");
+    command->add_flag("--real-time", options->realTime,
+                      "Listen at the pace of a microphone, not as fast as it goes");
+    command->add_option("--target", options->target, "The program that stands for Logic Pro")
+        ->envname("BRIVANDEL_TARGET");
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runListen(*options, terminal); };
 }

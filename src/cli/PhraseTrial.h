@@ -3,9 +3,9 @@
 #include "cli/UserSettings.h"
 #include "engine/TranscriptMatcher.h"
 
-#include <nlohmann/json.hpp>
-
 #include <QString>
+
+#include <nlohmann/json.hpp>
 
 #include <vector>
 

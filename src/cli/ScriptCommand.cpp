@@ -2,9 +2,9 @@
 #include "cli/Subcommands.h"
 #include "platform/PlatformFactory.h"
 
-#include <CLI/CLI.hpp>
-
 #include <QString>
+
+#include <CLI/CLI.hpp>
 
 #include <fstream>
 #include <istream>
@@ -53,9 +53,11 @@ int runScript(const ScriptOptions& options, const Terminal& terminal) {
 
 void addScriptCommand(CLI::App& app, Subcommands& subcommands) {
     const auto options = std::make_shared<ScriptOptions>();
-    CLI::App* command = app.add_subcommand("script", "Hand an AppleScript to the script host, as a command would");
+    CLI::App* command =
+        app.add_subcommand("script", "Hand an AppleScript to the script host, as a command would");
     command->add_option("FILE", options->file, "The script; '-', or none, reads it from standard input");
-    command->add_option("--target", options->target, "The program that stands for Logic Pro")->envname("BRIVANDEL_TARGET");
+    command->add_option("--target", options->target, "The program that stands for Logic Pro")
+        ->envname("BRIVANDEL_TARGET");
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runScript(*options, terminal); };
 }

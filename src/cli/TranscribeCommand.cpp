@@ -4,10 +4,10 @@
 #include "engine/SpokenPhrases.h"
 #include "platform/PlatformFactory.h"
 
+#include <QString>
+
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
-
-#include <QString>
 
 #include <iomanip>
 #include <memory>
@@ -28,7 +28,8 @@ constexpr std::uint32_t blockFrameCount = 1024;
 
 class Transcriber {
 public:
-    Transcriber(SpeechRecognition& recognition, SpeechRecognizer& recognizer, bool json, const Terminal& terminal)
+    Transcriber(SpeechRecognition& recognition, SpeechRecognizer& recognizer, bool json,
+                const Terminal& terminal)
         : recognition_(recognition)
         , recognizer_(recognizer)
         , json_(json)
@@ -45,15 +46,15 @@ public:
         double seconds = 0;
         const auto request = recognition_.makeRequest();
         request->setShouldReportPartialResults(true);
-        const auto task = recognizer_.startTask(
-            request, [&](const std::optional<RecognitionResult>& result, const std::optional<QString>& error) {
-                if (result) {
-                    print(path, seconds, *result);
-                }
-                if (error) {
-                    terminal_.err << "brivandel transcribe: " << path << ": " << error->toStdString() << '\n';
-                }
-            });
+        const auto task = recognizer_.startTask(request, [&](const std::optional<RecognitionResult>& result,
+                                                             const std::optional<QString>& error) {
+            if (result) {
+                print(path, seconds, *result);
+            }
+            if (error) {
+                terminal_.err << "brivandel transcribe: " << path << ": " << error->toStdString() << '\n';
+            }
+        });
         while (const auto buffer = file.read(blockFrameCount)) {
             seconds += buffer->frameLength / buffer->sampleRateHz;
             request->append(*buffer);
@@ -69,7 +70,10 @@ private:
         const double rounded = std::round(seconds * millisecondsPerSecond) / millisecondsPerSecond;
         const std::string text = result.formattedString.toStdString();
         if (json_) {
-            terminal_.out << nlohmann::ordered_json{{"file", path}, {"t", rounded}, {"final", result.isFinal}, {"text", text}}
+            terminal_.out << nlohmann::ordered_json{{"file", path},
+                                                    {"t", rounded},
+                                                    {"final", result.isFinal},
+                                                    {"text", text}}
                                  .dump()
                           << '\n';
         } else {
@@ -88,12 +92,13 @@ int runTranscribe(const TranscribeOptions& options, const Terminal& terminal) {
     const auto recognition = makeFileSpeechRecognition();
     const auto recognizer = recognition->makeRecognizer(QStringLiteral("en-US"));
     if (!recognizer) {
-        terminal.err << "brivandel transcribe: " << speechRecognitionProblem().value_or(QString()).toStdString() << '\n';
+        terminal.err << "brivandel transcribe: "
+                     << speechRecognitionProblem().value_or(QString()).toStdString() << '\n';
         return ExitStatus::failure;
     }
     const UserSettings settings = readUserSettings(terminal.err);
-    recognizer->setVocabulary(
-        spokenPhrases(settings.wakeWord, settings.useWakeWord, settings.triggerOverrides, settings.customCommands));
+    recognizer->setVocabulary(spokenPhrases(settings.wakeWord, settings.useWakeWord,
+                                            settings.triggerOverrides, settings.customCommands));
 
     Transcriber transcriber(*recognition, *recognizer, options.json, terminal);
     bool allRead = true;
@@ -107,7 +112,8 @@ int runTranscribe(const TranscribeOptions& options, const Terminal& terminal) {
 
 void addTranscribeCommand(CLI::App& app, Subcommands& subcommands) {
     const auto options = std::make_shared<TranscribeOptions>();
-    CLI::App* command = app.add_subcommand("transcribe", "Print what the recogniser hears in sound files, and no more");
+    CLI::App* command =
+        app.add_subcommand("transcribe", "Print what the recogniser hears in sound files, and no more");
     command->add_option("FILE", options->files, "WAV files")->required();
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runTranscribe(*options, terminal); };

@@ -2,9 +2,9 @@
 #include "cli/PhraseTrial.h"
 #include "cli/Subcommands.h"
 
-#include <CLI/CLI.hpp>
-
 #include <QString>
+
+#include <CLI/CLI.hpp>
 
 #include <istream>
 #include <memory>
@@ -25,7 +25,8 @@ void printText(const PhraseOutcome& outcome, const UserSettings& settings, std::
     out << '"' << outcome.phrase.toStdString() << "\"\n";
     if (settings.useWakeWord) {
         out << "  wake phrase: "
-            << (outcome.woke ? "heard" : "not heard; say '" + settings.wakeWord.toStdString() + "' first") << '\n';
+            << (outcome.woke ? "heard" : "not heard; say '" + settings.wakeWord.toStdString() + "' first")
+            << '\n';
     } else {
         out << "  wake phrase: not needed\n";
     }
@@ -78,8 +79,11 @@ int runTry(const TryOptions& options, const Terminal& terminal) {
 
 void addTryCommand(CLI::App& app, Subcommands& subcommands) {
     const auto options = std::make_shared<TryOptions>();
-    CLI::App* command = app.add_subcommand("try", "Say what would happen if these words were heard; nothing is sent");
-    command->add_option("WORD", options->words, "The words, as one phrase; '-' reads a phrase a line from standard input")
+    CLI::App* command =
+        app.add_subcommand("try", "Say what would happen if these words were heard; nothing is sent");
+    command
+        ->add_option("WORD", options->words,
+                     "The words, as one phrase; '-' reads a phrase a line from standard input")
         ->required();
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runTry(*options, terminal); };

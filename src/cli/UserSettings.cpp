@@ -14,8 +14,8 @@ namespace {
 template <typename Result>
 Result withUserDefaults(std::ostream& err, const std::function<Result(DefaultsStore&)>& use) {
     LogFile log(LogFile::logDirectory(), [] { return std::chrono::system_clock::now(); });
-    const auto store =
-        makeDefaultsStore(log, [&err](const QString& message) { err << "brivandel: " << message.toStdString() << '\n'; });
+    const auto store = makeDefaultsStore(
+        log, [&err](const QString& message) { err << "brivandel: " << message.toStdString() << '\n'; });
     return use(*store);
 }
 

@@ -12,8 +12,8 @@ namespace brivandel {
 
 namespace {
 
-// The library reads a file that was cut off as a shorter one, without a word. RIFF says how long its data should be.
-// An unfinished recording has 0 or -1 there, which promises nothing.
+// The library reads a file that was cut off as a shorter one, without a word. RIFF says how long its data
+// should be. An unfinished recording has 0 or -1 there, which promises nothing.
 bool isCutOff(QFile& file) {
     file.seek(0);
     const QByteArray riff = file.read(12);

@@ -15,7 +15,8 @@ namespace brivandel {
 /// Sound read from a file, in blocks as a tap would get them.
 class WaveFile {
 public:
-    /// The file, or in words why there is no sound to be had from it: not there, no sound file, empty, cut off.
+    /// The file, or in words why there is no sound to be had from it: not there, no sound file, empty, cut
+    /// off.
     [[nodiscard]] static std::variant<WaveFile, QString> open(const std::string& path);
 
     [[nodiscard]] const AudioFormat& format() const { return format_; }

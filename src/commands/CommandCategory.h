@@ -23,8 +23,8 @@ inline constexpr std::array allCommandCategories = {
 /// The category of exactly this title, if there is one.
 [[nodiscard]] std::optional<CommandCategory> commandCategory(QStringView rawValue);
 
-/// How many commands are spoken of as this category's. Navigation has no built-in command but counts the two spoken
-/// forms "go to bar N" and "play from bar N".
+/// How many commands are spoken of as this category's. Navigation has no built-in command but counts the two
+/// spoken forms "go to bar N" and "play from bar N".
 [[nodiscard]] int commandCount(CommandCategory category);
 
 } // namespace brivandel

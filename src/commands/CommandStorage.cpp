@@ -59,9 +59,9 @@ bool read(const Json& json, bool& flag) {
 }
 
 bool read(const Json& json, std::int64_t& number) {
-    const bool fits = json.is_number_unsigned()
-                          ? json.get<std::uint64_t>() <= std::uint64_t{std::numeric_limits<std::int64_t>::max()}
-                          : json.is_number_integer();
+    const bool fits = json.is_number_unsigned() ? json.get<std::uint64_t>() <=
+                                                      std::uint64_t{std::numeric_limits<std::int64_t>::max()}
+                                                : json.is_number_integer();
     if (!fits) {
         return false;
     }
@@ -98,13 +98,15 @@ bool readMember(const Json& object, const char* name, Value& value) {
 
 bool read(const Json& json, CapturedKey& key) {
     return json.is_object() && readMember(json, "keyCode", key.keyCode) &&
-           readMember(json, "modifierFlags", key.modifierFlags) && readMember(json, "displayString", key.displayString) &&
+           readMember(json, "modifierFlags", key.modifierFlags) &&
+           readMember(json, "displayString", key.displayString) &&
            readMember(json, "appleScript", key.appleScript);
 }
 
 bool read(const Json& json, CustomCommand& command) {
     return json.is_object() && readMember(json, "id", command.id) && readMember(json, "name", command.name) &&
-           readMember(json, "triggers", command.triggers) && readMember(json, "capturedKey", command.capturedKey) &&
+           readMember(json, "triggers", command.triggers) &&
+           readMember(json, "capturedKey", command.capturedKey) &&
            readMember(json, "isEnabled", command.isEnabled);
 }
 

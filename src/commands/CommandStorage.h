@@ -9,9 +9,9 @@
 
 namespace brivandel {
 
-/// The stored form of the two collections, JSON in UTF-8. Encoding keeps the order of list, fields and triggers.
-/// Decoding is strict: one missing member or one wrong type anywhere, and there is no result. Unknown members are
-/// passed over.
+/// The stored form of the two collections, JSON in UTF-8. Encoding keeps the order of list, fields and
+/// triggers. Decoding is strict: one missing member or one wrong type anywhere, and there is no result.
+/// Unknown members are passed over.
 [[nodiscard]] QByteArray encodeCustomCommands(const CustomCommandList& commands);
 [[nodiscard]] std::optional<CustomCommandList> decodeCustomCommands(const QByteArray& json);
 

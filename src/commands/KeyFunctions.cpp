@@ -36,7 +36,8 @@ QString keyNameForCode(std::int64_t keyCode, const KeyboardLayout& layout) {
     if (const auto named = namedKeys().find(keyCode); named != namedKeys().end()) {
         return named->second;
     }
-    if (const auto typed = layout.characterForKeyCode(static_cast<std::uint16_t>(keyCode)); typed && !typed->isEmpty()) {
+    if (const auto typed = layout.characterForKeyCode(static_cast<std::uint16_t>(keyCode));
+        typed && !typed->isEmpty()) {
         return typed->toUpper();
     }
     return QStringLiteral("Key") + QString::number(keyCode);

@@ -46,8 +46,8 @@ inline constexpr std::array<VoiceCommand, voiceCommandCount> allVoiceCommands = 
     return all;
 }();
 
-/// The canonical phrase, as in "start recording". It is also the command's identity: in the history, in lists, and as
-/// the key of the user's own triggers.
+/// The canonical phrase, as in "start recording". It is also the command's identity: in the history, in
+/// lists, and as the key of the user's own triggers.
 [[nodiscard]] const QString& rawValue(VoiceCommand command);
 /// The command of exactly this canonical phrase, if there is one.
 [[nodiscard]] std::optional<VoiceCommand> voiceCommand(QStringView rawValue);

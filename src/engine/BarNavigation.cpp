@@ -24,7 +24,8 @@ QString barNavigationScript(const BarNavigation& navigation) {
 }
 
 QString barNavigationLabel(const BarNavigation& navigation) {
-    return (navigation.thenPlay ? QStringLiteral("Play from bar ") : QStringLiteral("Go to bar ")) + QString::number(navigation.bar);
+    return (navigation.thenPlay ? QStringLiteral("Play from bar ") : QStringLiteral("Go to bar ")) +
+           QString::number(navigation.bar);
 }
 
 } // namespace brivandel

@@ -15,8 +15,8 @@ struct BarNavigation {
 };
 
 /// The script that opens Logic Pro's "go to position" field with a slash, types the bar and confirms it.
-/// With thenPlay it presses the space bar afterwards; that step stands outside the System Events block on purpose, it is
-/// meant for whatever program the script has brought to the front.
+/// With thenPlay it presses the space bar afterwards; that step stands outside the System Events block on
+/// purpose, it is meant for whatever program the script has brought to the front.
 [[nodiscard]] QString barNavigationScript(const BarNavigation& navigation);
 
 /// "Go to bar 7" or "Play from bar 7".

@@ -18,15 +18,21 @@ namespace {
 using NumberWord = std::pair<QStringView, std::int64_t>;
 
 constexpr std::array<NumberWord, 20> unitWords = {{
-    {u"zero", 0},      {u"one", 1},       {u"two", 2},        {u"three", 3},     {u"four", 4},
-    {u"five", 5},      {u"six", 6},       {u"seven", 7},      {u"eight", 8},     {u"nine", 9},
-    {u"ten", 10},      {u"eleven", 11},   {u"twelve", 12},    {u"thirteen", 13}, {u"fourteen", 14},
-    {u"fifteen", 15},  {u"sixteen", 16},  {u"seventeen", 17}, {u"eighteen", 18}, {u"nineteen", 19},
+    {u"zero", 0},     {u"one", 1},      {u"two", 2},        {u"three", 3},     {u"four", 4},
+    {u"five", 5},     {u"six", 6},      {u"seven", 7},      {u"eight", 8},     {u"nine", 9},
+    {u"ten", 10},     {u"eleven", 11},  {u"twelve", 12},    {u"thirteen", 13}, {u"fourteen", 14},
+    {u"fifteen", 15}, {u"sixteen", 16}, {u"seventeen", 17}, {u"eighteen", 18}, {u"nineteen", 19},
 }};
 
 constexpr std::array<NumberWord, 8> tensWords = {{
-    {u"twenty", 20}, {u"thirty", 30}, {u"forty", 40}, {u"fifty", 50},
-    {u"sixty", 60}, {u"seventy", 70}, {u"eighty", 80}, {u"ninety", 90},
+    {u"twenty", 20},
+    {u"thirty", 30},
+    {u"forty", 40},
+    {u"fifty", 50},
+    {u"sixty", 60},
+    {u"seventy", 70},
+    {u"eighty", 80},
+    {u"ninety", 90},
 }};
 
 template <std::size_t Size>
@@ -54,8 +60,7 @@ std::optional<std::int64_t> decimalNumber(QStringView digits) {
 // A compiled expression with the matcher that is kept for it.
 class Expression {
 public:
-    explicit Expression(const char16_t* pattern)
-        : matcher_(icu::UnicodeString(pattern), 0, status_) {}
+    explicit Expression(const char16_t* pattern) : matcher_(icu::UnicodeString(pattern), 0, status_) {}
 
     /// The first capture group of the first match.
     std::optional<QStringView> firstGroup(QStringView text, const icu::UnicodeString& aliasOfText) {
@@ -81,8 +86,7 @@ struct BarNumberParser::Expressions {
     Expression words{uR"(\bbar\s+([a-z]+(?:\s+[a-z]+)?)\b)"};
 };
 
-BarNumberParser::BarNumberParser()
-    : expressions_(std::make_unique<Expressions>()) {}
+BarNumberParser::BarNumberParser() : expressions_(std::make_unique<Expressions>()) {}
 
 BarNumberParser::~BarNumberParser() = default;
 

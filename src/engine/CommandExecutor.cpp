@@ -31,11 +31,12 @@ void CommandExecutor::execute(ExecutionPlan plan) {
     }
 
     // Only the hop back touches this object, and only while it lives.
-    auto report = lifeline_.guard([this](const ExecutionPlan& executed, const std::optional<ScriptErrorDictionary>& error) {
-        finish(executed, error);
-    });
-    services_.workQueue.run([&host = services_.scriptHost, &mainQueue = services_.mainQueue, plan = std::move(plan),
-                             report = std::move(report)] {
+    auto report = lifeline_.guard(
+        [this](const ExecutionPlan& executed, const std::optional<ScriptErrorDictionary>& error) {
+            finish(executed, error);
+        });
+    services_.workQueue.run([&host = services_.scriptHost, &mainQueue = services_.mainQueue,
+                             plan = std::move(plan), report = std::move(report)] {
         auto error = host.run(plan.script);
         mainQueue.post([report, plan, error = std::move(error)]() mutable { report(plan, error); });
     });

@@ -27,9 +27,9 @@ public:
     [[nodiscard]] virtual bool executionMayBeep() const = 0;
 };
 
-/// Carries commands out: announces, runs the script off the main thread, reports the outcome. Several may be under way
-/// at once; outcomes come in the order in which scripts end. Main thread; all that it is given must outlive it, and the
-/// script host the work queue too.
+/// Carries commands out: announces, runs the script off the main thread, reports the outcome. Several may be
+/// under way at once; outcomes come in the order in which scripts end. Main thread; all that it is given must
+/// outlive it, and the script host the work queue too.
 class CommandExecutor {
 public:
     struct Services {

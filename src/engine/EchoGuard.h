@@ -9,8 +9,8 @@
 
 namespace brivandel {
 
-/// Keeps one utterance, which a recogniser reports many times, from being carried out twice: remembers the last command
-/// only, and calls it a repeat for four seconds.
+/// Keeps one utterance, which a recogniser reports many times, from being carried out twice: remembers the
+/// last command only, and calls it a repeat for four seconds.
 class EchoGuard {
 public:
     using TimePoint = MainQueue::TimePoint;

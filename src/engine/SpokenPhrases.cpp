@@ -4,7 +4,8 @@
 
 namespace brivandel {
 
-RecognitionVocabulary spokenPhrases(const QString& wakePhrase, bool wakePhraseRequired, const TriggerOverrides& overrides,
+RecognitionVocabulary spokenPhrases(const QString& wakePhrase, bool wakePhraseRequired,
+                                    const TriggerOverrides& overrides,
                                     const CustomCommandList& customCommands) {
     QStringList phrases = triggerWordOnPhrases() + triggerWordOffPhrases();
     for (const VoiceCommand command : allVoiceCommands) {
@@ -25,7 +26,8 @@ RecognitionVocabulary spokenPhrases(const QString& wakePhrase, bool wakePhraseRe
         .wakePhrase = wakePhrase.toLower(),
         .wakePhraseRequired = wakePhraseRequired,
         .phrases = phrases,
-        .barPhrases = {QStringLiteral("go to bar"), QStringLiteral("play from bar"), QStringLiteral("play at bar")},
+        .barPhrases = {QStringLiteral("go to bar"), QStringLiteral("play from bar"),
+                       QStringLiteral("play at bar")},
     };
 }
 

@@ -1,5 +1,7 @@
 #include "engine/TranscriptMatcher.h"
 
+#include "engine/BigramFilter.h"
+
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -35,24 +37,37 @@ std::vector<Item> longestFirst(const std::vector<Item>& items, Text text) {
     return sorted;
 }
 
-bool holds(QStringView text, const QString& trigger) {
-    return !trigger.isEmpty() && text.contains(trigger);
-}
+// A text that is searched for many triggers.
+class SearchedText {
+public:
+    explicit SearchedText(QStringView text) : text_(text), filter_(text) {}
 
-const QString* firstHeld(QStringView text, const QStringList& triggers) {
-    const auto found = std::ranges::find_if(triggers, [text](const QString& trigger) { return holds(text, trigger); });
-    return found == triggers.end() ? nullptr : &*found;
-}
+    [[nodiscard]] bool holds(QStringView trigger) const {
+        return !trigger.isEmpty() && filter_.mayHold(trigger) && text_.contains(trigger);
+    }
+
+    [[nodiscard]] const QString* firstHeld(const QStringList& triggers) const {
+        const auto found =
+            std::ranges::find_if(triggers, [this](const QString& trigger) { return holds(trigger); });
+        return found == triggers.end() ? nullptr : &*found;
+    }
+
+private:
+    QStringView text_;
+    BigramFilter filter_;
+};
 
 } // namespace
 
 const QStringList& triggerWordOnPhrases() {
-    static const QStringList phrases = {QStringLiteral("enable trigger word"), QStringLiteral("trigger word on")};
+    static const QStringList phrases = {QStringLiteral("enable trigger word"),
+                                        QStringLiteral("trigger word on")};
     return phrases;
 }
 
 const QStringList& triggerWordOffPhrases() {
-    static const QStringList phrases = {QStringLiteral("disable trigger word"), QStringLiteral("trigger word off")};
+    static const QStringList phrases = {QStringLiteral("disable trigger word"),
+                                        QStringLiteral("trigger word off")};
     return phrases;
 }
 
@@ -79,7 +94,8 @@ void TranscriptMatcher::setCustomCommands(const CustomCommandList& commands) {
     for (const CustomCommand& command : commands) {
         if (command.isEnabled) {
             const std::vector<QString> declared(command.triggers.cbegin(), command.triggers.cend());
-            const std::vector<QString> sorted = longestFirst(declared, [](const QString& trigger) { return trigger; });
+            const std::vector<QString> sorted =
+                longestFirst(declared, [](const QString& trigger) { return trigger; });
             customTriggers_.push_back({command, QStringList(sorted.cbegin(), sorted.cend())});
         }
     }
@@ -87,26 +103,29 @@ void TranscriptMatcher::setCustomCommands(const CustomCommandList& commands) {
 
 template <typename Visitor>
 void TranscriptMatcher::visitCandidates(QStringView text, Visitor visitor) const {
-    if (const QString* trigger = firstHeld(text, triggerWordOnPhrases()); trigger && !visitor(TriggerWordOn{*trigger})) {
+    const SearchedText searched(text);
+    if (const QString* trigger = searched.firstHeld(triggerWordOnPhrases());
+        trigger && !visitor(TriggerWordOn{*trigger})) {
         return;
     }
-    if (const QString* trigger = firstHeld(text, triggerWordOffPhrases());
+    if (const QString* trigger = searched.firstHeld(triggerWordOffPhrases());
         trigger && !visitor(TriggerWordOff{*trigger})) {
         return;
     }
     if (const auto bar = barNumbers_.extractBarNumber(text)) {
-        const bool thenPlay = text.contains(u"play from") || text.contains(u"play at");
+        const bool thenPlay = searched.holds(u"play from") || searched.holds(u"play at");
         if (!visitor(BarNavigation{*bar, thenPlay})) {
             return;
         }
     }
     for (const auto& [command, trigger] : builtInTriggers_) {
-        if (holds(text, trigger) && !visitor(BuiltInMatch{command, trigger})) {
+        if (searched.holds(trigger) && !visitor(BuiltInMatch{command, trigger})) {
             return;
         }
     }
     for (const auto& [command, triggers] : customTriggers_) {
-        if (const QString* trigger = firstHeld(text, triggers); trigger && !visitor(CustomMatch{command, *trigger})) {
+        if (const QString* trigger = searched.firstHeld(triggers);
+            trigger && !visitor(CustomMatch{command, *trigger})) {
             return;
         }
     }

@@ -33,12 +33,13 @@ struct CustomMatch {
 
 using Decision = std::variant<TriggerWordOn, TriggerWordOff, BarNavigation, BuiltInMatch, CustomMatch>;
 
-/// Decides which command a text means: the spoken switches for the trigger word first, then a bar number, then the
-/// built-in triggers, longest first over all commands, then the user's commands in their order, longest first within
-/// each. A trigger is found wherever its characters stand, inside a word too ("display" holds "play").
+/// Decides which command a text means: the spoken switches for the trigger word first, then a bar number,
+/// then the built-in triggers, longest first over all commands, then the user's commands in their order,
+/// longest first within each. A trigger is found wherever its characters stand, inside a word too ("display"
+/// holds "play").
 ///
-/// Pure: the same text and settings give the same decision, and nothing happens. Lists are sorted when settings change,
-/// not when somebody speaks. Not to be called on two threads at once.
+/// Pure: the same text and settings give the same decision, and nothing happens. Lists are sorted when
+/// settings change, not when somebody speaks. Not to be called on two threads at once.
 class TranscriptMatcher {
 public:
     TranscriptMatcher();
@@ -49,8 +50,8 @@ public:
     /// The text is the part after the wake phrase, in lower case.
     [[nodiscard]] std::optional<Decision> match(QStringView text) const;
 
-    /// Everything that the text holds, in the order of precedence: the first is what match() gives, the others are
-    /// hidden by it. One entry a command.
+    /// Everything that the text holds, in the order of precedence: the first is what match() gives, the
+    /// others are hidden by it. One entry a command.
     [[nodiscard]] std::vector<Decision> candidates(QStringView text) const;
 
 private:

@@ -4,8 +4,8 @@
 
 #include <execinfo.h>
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <memory>
 
@@ -17,7 +17,8 @@ QString callStackSymbols(int frameCount) {
     const int wanted = std::min(frameCount + ownFrames, static_cast<int>(frames.size()));
     const int found = backtrace(frames.data(), wanted);
 
-    const std::unique_ptr<char*, decltype(&std::free)> symbols(backtrace_symbols(frames.data(), found), &std::free);
+    const std::unique_ptr<char*, decltype(&std::free)> symbols(backtrace_symbols(frames.data(), found),
+                                                               &std::free);
     QStringList lines;
     for (int index = ownFrames; symbols && index < found; ++index) {
         lines += QString::fromLocal8Bit(symbols.get()[index]);

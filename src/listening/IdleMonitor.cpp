@@ -13,7 +13,8 @@ namespace brivandel {
 
 namespace {
 
-// A stored number may be anything; beyond this the milliseconds of a timer would overflow, and nobody waits so long.
+// A stored number may be anything; beyond this the milliseconds of a timer would overflow, and nobody waits
+// so long.
 constexpr std::int64_t longestTimeoutMinutes = std::int64_t{100} * 365 * 24 * 60;
 
 } // namespace

@@ -18,8 +18,9 @@ struct IdleSettings {
     bool reminderEnabled = true;
 };
 
-/// Notices that no command has come for a while, and then reminds the user, asks for listening to be switched off, or
-/// both. It does not arm itself again: the next reminder needs a command or a new switch-on first. Main thread.
+/// Notices that no command has come for a while, and then reminds the user, asks for listening to be switched
+/// off, or both. It does not arm itself again: the next reminder needs a command or a new switch-on first.
+/// Main thread.
 class IdleMonitor {
 public:
     /// isListening and settings are asked when the timer fires; disable switches listening off.

@@ -5,7 +5,8 @@
 
 namespace brivandel {
 
-/// How values are written in log lines: Booleans as words, decimal numbers with at least one decimal ("48000.0", "0.3").
+/// How values are written in log lines: Booleans as words, decimal numbers with at least one decimal
+/// ("48000.0", "0.3").
 [[nodiscard]] inline QString logText(bool value) {
     return value ? QStringLiteral("true") : QStringLiteral("false");
 }

@@ -36,7 +36,8 @@ void RecognitionPipeline::setVocabulary(const RecognitionVocabulary& vocabulary)
 void RecognitionPipeline::startListening() {
     services_.log.write(QStringLiteral("startListening() called — isRestarting=") + logText(isRestarting_));
 
-    // A tap that is still installed may be using the request that is replaced: it is let go here, not on its thread.
+    // A tap that is still installed may be using the request that is replaced: it is let go here, not on its
+    // thread.
     const auto replaced = std::exchange(recognitionRequest_, services_.speechRecognition.makeRequest());
     if (!recognitionRequest_) {
         observer_.pipelineShowsStatus(QStringLiteral("Unable to create recognition request"));
@@ -61,8 +62,9 @@ void RecognitionPipeline::beginTask() {
     auto heard = lifeline_.guard([this](const QString& transcript) { observer_.pipelineHeard(transcript); });
     auto failed = lifeline_.guard([this](const QString& description) { handleError(description); });
     recognitionTask_ = speechRecognizer_->startTask(
-        recognitionRequest_, [&mainQueue = services_.mainQueue, heard, failed](const std::optional<RecognitionResult>& result,
-                                                                               const std::optional<QString>& error) {
+        recognitionRequest_,
+        [&mainQueue = services_.mainQueue, heard, failed](const std::optional<RecognitionResult>& result,
+                                                          const std::optional<QString>& error) {
             if (result) {
                 mainQueue.post([heard, text = result->formattedString.toLower()]() mutable { heard(text); });
             }
@@ -94,17 +96,18 @@ void RecognitionPipeline::applySelectedDevice() {
 
 void RecognitionPipeline::installTap() {
     const AudioFormat format = services_.audioEngine.inputFormat();
-    services_.log.write(QStringLiteral("Input format — sampleRate: %1, channels: %2, formatID: %3, bitsPerChannel: %4")
-                            .arg(logText(format.sampleRateHz))
-                            .arg(format.channelCount)
-                            .arg(format.formatID)
-                            .arg(format.bitsPerChannel));
+    services_.log.write(
+        QStringLiteral("Input format — sampleRate: %1, channels: %2, formatID: %3, bitsPerChannel: %4")
+            .arg(logText(format.sampleRateHz))
+            .arg(format.channelCount)
+            .arg(format.formatID)
+            .arg(format.bitsPerChannel));
     services_.audioEngine.installTap(tapBufferFrameCount, format, tapBlock(format));
     tapInstalled_ = true;
 }
 
-// Runs on the audio thread: it copies into the request, sums the level, and allocates no more than the hop to the main
-// thread takes.
+// Runs on the audio thread: it copies into the request, sums the level, and allocates no more than the hop to
+// the main thread takes.
 AudioEngine::TapBlock RecognitionPipeline::tapBlock(const AudioFormat& format) {
     std::weak_ptr<SpeechRecognitionRequest> request = recognitionRequest_;
     auto measured = lifeline_.guard([this](float level) { observer_.pipelineMeasured(level); });

@@ -35,9 +35,10 @@ public:
     virtual void pipelineMeasured(float rootMeanSquare) = 0;
 };
 
-/// Microphone to transcript: one recognition session after another on one audio engine, with recovery from errors of
-/// both. A session ends when something was carried out, when the recogniser reports an error, or after 45 seconds in
-/// which nobody woke it; the next begins after a delay that grows while restarts come fast. Main thread.
+/// Microphone to transcript: one recognition session after another on one audio engine, with recovery from
+/// errors of both. A session ends when something was carried out, when the recogniser reports an error, or
+/// after 45 seconds in which nobody woke it; the next begins after a delay that grows while restarts come
+/// fast. Main thread.
 class RecognitionPipeline {
 public:
     struct Services {

@@ -42,8 +42,7 @@ std::optional<bool> plainBoolean(const QVariant& object) {
 
 } // namespace
 
-Settings::Settings(DefaultsStore& store)
-    : store_(store) {}
+Settings::Settings(DefaultsStore& store) : store_(store) {}
 
 QString Settings::wakeWord() const {
     return typed<QString>(store_.object(key::wakeWord)).value_or(QStringLiteral("hey logic"));

@@ -12,8 +12,8 @@ namespace brivandel {
 
 class DefaultsStore;
 
-/// The stored settings, typed: what is absent, or is of the wrong type where that is looked at, reads as its default.
-/// Writing stores at once. Main thread.
+/// The stored settings, typed: what is absent, or is of the wrong type where that is looked at, reads as its
+/// default. Writing stores at once. Main thread.
 class Settings {
 public:
     explicit Settings(DefaultsStore& store);

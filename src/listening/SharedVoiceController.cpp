@@ -1,5 +1,4 @@
 #include "listening/VoiceController.h"
-
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
@@ -14,8 +13,7 @@ namespace {
 // Owned by the application object, and so gone before Qt is; a function's static would outlive it.
 class SharedVoiceController final : public QObject {
 public:
-    explicit SharedVoiceController(QObject* parent)
-        : QObject(parent) {}
+    explicit SharedVoiceController(QObject* parent) : QObject(parent) {}
 
     VoiceController& controller() { return controller_; }
 

@@ -14,19 +14,22 @@ namespace brivandel {
 VoiceController::VoiceController(Platform& platform, const Preparation& beforeLoading)
     : platform_(platform)
     , settings_(*platform.defaults)
-    , executor_({*platform.mainQueue, *platform.workQueue, *platform.scriptHost, *platform.beeper, *platform.log}, *this)
-    , pipeline_({*platform.mainQueue, *platform.speechRecognition, *platform.audioEngine, *platform.audioDevices,
-                 *platform.log},
+    , executor_(
+          {*platform.mainQueue, *platform.workQueue, *platform.scriptHost, *platform.beeper, *platform.log},
+          *this)
+    , pipeline_({*platform.mainQueue, *platform.speechRecognition, *platform.audioEngine,
+                 *platform.audioDevices, *platform.log},
                 *this)
-    , idleMonitor_(*platform.mainQueue, *platform.notifier, *platform.log,
-                   {
-                       .isListening = [this] { return isListening_; },
-                       .settings =
-                           [this] {
-                               return IdleSettings{idleTimeoutMinutes_, autoDisableOnIdle_, idleReminderEnabled_};
-                           },
-                       .disable = [this] { setIsListening(false); },
-                   }) {
+    , idleMonitor_(
+          *platform.mainQueue, *platform.notifier, *platform.log,
+          {
+              .isListening = [this] { return isListening_; },
+              .settings =
+                  [this] {
+                      return IdleSettings{idleTimeoutMinutes_, autoDisableOnIdle_, idleReminderEnabled_};
+                  },
+              .disable = [this] { setIsListening(false); },
+          }) {
     if (beforeLoading) {
         beforeLoading(*this);
     }
@@ -58,7 +61,8 @@ void VoiceController::loadSettings() {
         settings_.setAudioFeedback(true);
     }
 
-    // Stored again in the current form; what cannot be read stays as it is until the user saves something else.
+    // Stored again in the current form; what cannot be read stays as it is until the user saves something
+    // else.
     if (const auto commands = settings_.customCommands()) {
         setCustomCommands(*commands);
         saveCustomCommands();
@@ -85,9 +89,10 @@ void VoiceController::requestPermissions() {
         }
         setStatusMessage(QStringLiteral("Unknown authorization status"));
     });
-    platform_.permissions->requestSpeechAuthorization([&mainQueue, speechAnswered](SpeechAuthorization answer) {
-        mainQueue.post([speechAnswered, answer]() mutable { speechAnswered(answer); });
-    });
+    platform_.permissions->requestSpeechAuthorization(
+        [&mainQueue, speechAnswered](SpeechAuthorization answer) {
+            mainQueue.post([speechAnswered, answer]() mutable { speechAnswered(answer); });
+        });
 
     // Granted access says nothing: the answers come in either order, and a message about speech must stand.
     auto microphoneAnswered = lifeline_.guard([this](bool granted) {
@@ -110,7 +115,7 @@ template <typename Value>
 void VoiceController::assign(Value& property, Value value, void (VoiceController::*changed)()) {
     Q_EMIT objectWillChange();
     property = std::move(value);
-    Q_EMIT (this->*changed)();
+    Q_EMIT(this->*changed)();
 }
 
 void VoiceController::setIsListening(bool listening) {
@@ -219,7 +224,8 @@ void VoiceController::vocabularyMayHaveChanged() {
     }
     platform_.mainQueue->post(lifeline_.guard([this] {
         vocabularyUpdatePending_ = false;
-        pipeline_.setVocabulary(spokenPhrases(wakeWord_, useWakeWord_, builtInTriggerOverrides_, customCommands_));
+        pipeline_.setVocabulary(
+            spokenPhrases(wakeWord_, useWakeWord_, builtInTriggerOverrides_, customCommands_));
     }));
 }
 
@@ -305,8 +311,8 @@ void VoiceController::switchTriggerWord(bool on) {
     }
 }
 
-// Unlike the two kinds below, a bar neither shuts out the rest of its session nor forgets recent restarts: the restart
-// that follows makes a new session anyway.
+// Unlike the two kinds below, a bar neither shuts out the rest of its session nor forgets recent restarts:
+// the restart that follows makes a new session anyway.
 void VoiceController::act(const BarNavigation& navigation) {
     const QString echoKey = QStringLiteral("bar:") + QString::number(navigation.bar);
     if (echoGuard_.isRepeat(echoKey, platform_.mainQueue->now())) {
@@ -315,7 +321,9 @@ void VoiceController::act(const BarNavigation& navigation) {
     }
     Q_EMIT willAct(navigation);
     beginExecution(echoKey);
-    logToFile(QStringLiteral("Bar navigation: bar %1, thenPlay=%2").arg(navigation.bar).arg(logText(navigation.thenPlay)));
+    logToFile(QStringLiteral("Bar navigation: bar %1, thenPlay=%2")
+                  .arg(navigation.bar)
+                  .arg(logText(navigation.thenPlay)));
     executor_.execute(executionPlan(navigation));
 }
 
@@ -393,7 +401,8 @@ std::optional<QString> VoiceController::pipelineDeviceUID() const {
 }
 
 QString VoiceController::pipelineReadyStatus() const {
-    return useWakeWord_ ? QStringLiteral("Say '%1' to activate").arg(wakeWord_) : QStringLiteral("Listening...");
+    return useWakeWord_ ? QStringLiteral("Say '%1' to activate").arg(wakeWord_)
+                        : QStringLiteral("Listening...");
 }
 
 void VoiceController::pipelineShowsStatus(const QString& status) {

@@ -25,53 +25,57 @@ namespace brivandel {
 
 struct Platform;
 
-/// Voice control as one object: its state, its settings, and what happens when either changes. Views bind to its
-/// properties; assigning isListening is the one switch that starts and stops it.
+/// Voice control as one object: its state, its settings, and what happens when either changes. Views bind to
+/// its properties; assigning isListening is the one switch that starts and stops it.
 ///
-/// Setters act on every assignment, also of an equal value: they announce it (objectWillChange before, the property's
-/// own signal after), store it where it is a setting, and do what follows from it. Main thread only.
-class VoiceController final : public QObject,
-                              private ExecutionObserver,
-                              private RecognitionPipelineObserver {
+/// Setters act on every assignment, also of an equal value: they announce it (objectWillChange before, the
+/// property's own signal after), store it where it is a setting, and do what follows from it. Main thread
+/// only.
+class VoiceController final : public QObject, private ExecutionObserver, private RecognitionPipelineObserver {
     Q_OBJECT
     Q_PROPERTY(bool isListening READ isListening WRITE setIsListening NOTIFY isListeningChanged)
     Q_PROPERTY(QString lastCommand READ lastCommand WRITE setLastCommand NOTIFY lastCommandChanged)
-    Q_PROPERTY(QString lastTranscript READ lastTranscript WRITE setLastTranscript NOTIFY lastTranscriptChanged)
+    Q_PROPERTY(
+        QString lastTranscript READ lastTranscript WRITE setLastTranscript NOTIFY lastTranscriptChanged)
     Q_PROPERTY(QString statusMessage READ statusMessage WRITE setStatusMessage NOTIFY statusMessageChanged)
     Q_PROPERTY(bool isAwake READ isAwake WRITE setIsAwake NOTIFY isAwakeChanged)
-    Q_PROPERTY(brivandel::CommandHistory commandHistory READ commandHistory WRITE setCommandHistory NOTIFY commandHistoryChanged)
+    Q_PROPERTY(brivandel::CommandHistory commandHistory READ commandHistory WRITE setCommandHistory NOTIFY
+                   commandHistoryChanged)
     Q_PROPERTY(float audioLevel READ audioLevel WRITE setAudioLevel NOTIFY audioLevelChanged)
     Q_PROPERTY(QString wakeWord READ wakeWord WRITE setWakeWord NOTIFY wakeWordChanged)
     Q_PROPERTY(bool useWakeWord READ useWakeWord WRITE setUseWakeWord NOTIFY useWakeWordChanged)
     Q_PROPERTY(bool audioFeedbackEnabled READ audioFeedbackEnabled WRITE setAudioFeedbackEnabled NOTIFY
                    audioFeedbackEnabledChanged)
-    Q_PROPERTY(std::optional<QString> selectedAudioDevice READ selectedAudioDevice WRITE setSelectedAudioDevice NOTIFY
-                   selectedAudioDeviceChanged)
+    Q_PROPERTY(std::optional<QString> selectedAudioDevice READ selectedAudioDevice WRITE
+                   setSelectedAudioDevice NOTIFY selectedAudioDeviceChanged)
     Q_PROPERTY(qlonglong idleTimeoutMinutes READ idleTimeoutMinutes WRITE setIdleTimeoutMinutes NOTIFY
                    idleTimeoutMinutesChanged)
-    Q_PROPERTY(bool autoDisableOnIdle READ autoDisableOnIdle WRITE setAutoDisableOnIdle NOTIFY autoDisableOnIdleChanged)
-    Q_PROPERTY(
-        bool idleReminderEnabled READ idleReminderEnabled WRITE setIdleReminderEnabled NOTIFY idleReminderEnabledChanged)
+    Q_PROPERTY(bool autoDisableOnIdle READ autoDisableOnIdle WRITE setAutoDisableOnIdle NOTIFY
+                   autoDisableOnIdleChanged)
+    Q_PROPERTY(bool idleReminderEnabled READ idleReminderEnabled WRITE setIdleReminderEnabled NOTIFY
+                   idleReminderEnabledChanged)
     Q_PROPERTY(brivandel::CustomCommandList customCommands READ customCommands WRITE setCustomCommands NOTIFY
                    customCommandsChanged)
     Q_PROPERTY(brivandel::TriggerOverrides builtInTriggerOverrides READ builtInTriggerOverrides WRITE
                    setBuiltInTriggerOverrides NOTIFY builtInTriggerOverridesChanged)
 
 public:
-    /// The controller of this process, on the system's own platform: made on first use, owned by the application object.
+    /// The controller of this process, on the system's own platform: made on first use, owned by the
+    /// application object.
     [[nodiscard]] static VoiceController& shared();
 
     using Preparation = std::function<void(VoiceController&)>;
 
-    /// Loads every setting and asks for the permissions; does not start listening. The platform must outlive it.
-    /// beforeLoading may connect to the object before the first assignment.
+    /// Loads every setting and asks for the permissions; does not start listening. The platform must outlive
+    /// it. beforeLoading may connect to the object before the first assignment.
     explicit VoiceController(Platform& platform, const Preparation& beforeLoading = {});
     ~VoiceController() override;
 
     [[nodiscard]] bool isListening() const { return isListening_; }
     void setIsListening(bool listening);
 
-    // What is shown. The engine itself assigns these; assigning one from outside shows it and does nothing else.
+    // What is shown. The engine itself assigns these; assigning one from outside shows it and does nothing
+    // else.
     [[nodiscard]] const QString& lastCommand() const { return lastCommand_; }
     void setLastCommand(const QString& command);
     [[nodiscard]] const QString& lastTranscript() const { return lastTranscript_; }
@@ -115,7 +119,8 @@ public:
     /// The inputs that there are now, for the settings.
     [[nodiscard]] QList<AudioDevice> getAvailableAudioDevices() const;
 
-    /// Acts on a transcript of the running session, in lower case: the wake phrase first, then the command after it.
+    /// Acts on a transcript of the running session, in lower case: the wake phrase first, then the command
+    /// after it.
     void handleRecognitionText(const QString& transcript);
 
 Q_SIGNALS:

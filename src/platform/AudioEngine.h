@@ -15,7 +15,8 @@ using AudioDeviceID = std::uint32_t;
 /// Captures sound from one input device and hands it to one tap. Main thread, except the tap's block.
 class AudioEngine {
 public:
-    /// Called on the audio thread: must not block, lock or allocate more than one main-thread dispatch a call.
+    /// Called on the audio thread: must not block, lock or allocate more than one main-thread dispatch a
+    /// call.
     using TapBlock = std::function<void(const AudioBuffer&)>;
 
     virtual ~AudioEngine() = default;
@@ -28,8 +29,8 @@ public:
     virtual void removeTap() = 0;
 
     virtual void prepare() = 0;
-    /// Starts capture and returns at once; the description of what failed, if anything. A running engine, and one
-    /// without a tap, start without an error.
+    /// Starts capture and returns at once; the description of what failed, if anything. A running engine, and
+    /// one without a tap, start without an error.
     [[nodiscard]] virtual std::optional<QString> start() = 0;
     virtual void stop() = 0;
 

@@ -6,8 +6,8 @@
 
 namespace brivandel {
 
-/// The user's stored settings, a map from key to object. Objects are Booleans, 64-bit integers, strings and data
-/// (bool, qlonglong, QString, QByteArray in the QVariant), and stay what they are. Main thread.
+/// The user's stored settings, a map from key to object. Objects are Booleans, 64-bit integers, strings and
+/// data (bool, qlonglong, QString, QByteArray in the QVariant), and stay what they are. Main thread.
 class DefaultsStore {
 public:
     virtual ~DefaultsStore() = default;

@@ -7,7 +7,8 @@
 
 namespace brivandel {
 
-/// The keyboard layout by which keys are named: the current one if it can type a to z, else the first that can.
+/// The keyboard layout by which keys are named: the current one if it can type a to z, else the first that
+/// can.
 class KeyboardLayout {
 public:
     virtual ~KeyboardLayout() = default;

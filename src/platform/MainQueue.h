@@ -6,7 +6,8 @@
 
 namespace brivandel {
 
-/// A one-shot timer of the main thread. Invalidating it, or destroying it, keeps it from firing. Main thread only.
+/// A one-shot timer of the main thread. Invalidating it, or destroying it, keeps it from firing. Main thread
+/// only.
 class Timer {
 public:
     virtual ~Timer() = default;
@@ -23,7 +24,8 @@ public:
 
     virtual ~MainQueue() = default;
 
-    /// Runs the task on the main thread in a later turn of its loop, in the order of posting. Any thread; takes no lock.
+    /// Runs the task on the main thread in a later turn of its loop, in the order of posting. Any thread;
+    /// takes no lock.
     virtual void post(Task task) = 0;
     /// Runs the task on the main thread once the delay has passed. Main thread.
     virtual void postAfter(std::chrono::milliseconds delay, Task task) = 0;

@@ -14,7 +14,8 @@ struct Notification {
 class Notifier {
 public:
     virtual ~Notifier() = default;
-    /// Shows it at once with the default sound; whether it can be shown is not reported. Main thread, returns at once.
+    /// Shows it at once with the default sound; whether it can be shown is not reported. Main thread, returns
+    /// at once.
     virtual void deliver(const Notification& notification) = 0;
 };
 

@@ -17,8 +17,9 @@
 
 namespace brivandel {
 
-/// All that the program asks of a system. Members are destroyed in reverse order, so that work still running on the
-/// queue finds what it uses. None of them is null: a service that a system lacks is an object that says so.
+/// All that the program asks of a system. Members are destroyed in reverse order, so that work still running
+/// on the queue finds what it uses. None of them is null: a service that a system lacks is an object that
+/// says so.
 struct Platform {
     std::unique_ptr<MainQueue> mainQueue;
     std::unique_ptr<DiagnosticLog> log;

@@ -10,10 +10,12 @@
 #include <optional>
 #include <variant>
 
-// What a system offers in parts, for those who need no whole platform. Defined once a system, like makePlatform().
+// What a system offers in parts, for those who need no whole platform. Defined once a system, like
+// makePlatform().
 namespace brivandel {
 
-/// The user's stored settings. complaint hears what a person must know about them (a file that cannot be read).
+/// The user's stored settings. complaint hears what a person must know about them (a file that cannot be
+/// read).
 [[nodiscard]] std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
                                                                std::function<void(const QString&)> complaint);
 
@@ -22,8 +24,8 @@ namespace brivandel {
 
 [[nodiscard]] std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options);
 
-/// A recogniser for sound that is there already: it decodes what is appended at once, on the caller's thread, and
-/// delivers there, as fast as the machine can. Its models are loaded once for all sessions.
+/// A recogniser for sound that is there already: it decodes what is appended at once, on the caller's thread,
+/// and delivers there, as fast as the machine can. Its models are loaded once for all sessions.
 [[nodiscard]] std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition();
 
 /// Why speech cannot be recognised here, in words; none when it can.

@@ -5,8 +5,8 @@
 
 namespace brivandel {
 
-/// The phrases that mean something at present, all lower case. A recogniser with a small vocabulary listens for these
-/// and nothing else; one with a vocabulary of its own is free to ignore them.
+/// The phrases that mean something at present, all lower case. A recogniser with a small vocabulary listens
+/// for these and nothing else; one with a vocabulary of its own is free to ignore them.
 struct RecognitionVocabulary {
     /// Said before a command, as in "hey logic play". Empty: none is configured.
     QString wakePhrase;

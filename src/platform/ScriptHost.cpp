@@ -10,7 +10,9 @@ QString describeValue(const QVariant& value) {
     switch (value.typeId()) {
     case QMetaType::QString: {
         QString text = value.toString();
-        text.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\"")).replace(u'\n', QStringLiteral("\\n"));
+        text.replace(u'\\', QStringLiteral("\\\\"))
+            .replace(u'"', QStringLiteral("\\\""))
+            .replace(u'\n', QStringLiteral("\\n"));
         return u'"' + text + u'"';
     }
     case QMetaType::QVariantList: {

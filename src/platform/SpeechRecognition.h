@@ -29,8 +29,8 @@ struct RecognitionResult {
     bool isFinal = false;
 };
 
-/// A running recognition. Letting go of it ends nothing: what was finished still delivers. A session that was neither
-/// finished nor cancelled ends silently once nobody holds its request. Main thread.
+/// A running recognition. Letting go of it ends nothing: what was finished still delivers. A session that was
+/// neither finished nor cancelled ends silently once nobody holds its request. Main thread.
 class SpeechRecognitionTask {
 public:
     virtual ~SpeechRecognitionTask() = default;
@@ -42,8 +42,10 @@ public:
 
 class SpeechRecognizer {
 public:
-    /// Called on the recogniser's own thread, in order. Either may be there, or both; an error ends the session.
-    using ResultHandler = std::function<void(const std::optional<RecognitionResult>&, const std::optional<QString>& error)>;
+    /// Called on the recogniser's own thread, in order. Either may be there, or both; an error ends the
+    /// session.
+    using ResultHandler =
+        std::function<void(const std::optional<RecognitionResult>&, const std::optional<QString>& error)>;
 
     virtual ~SpeechRecognizer() = default;
     /// In force from the next utterance on, in a running session too. Main thread.

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -7,12 +5,16 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-// Includes go downward only. The table says which folders each folder may see; its own is always allowed, and a folder
-// that is not in the table is a mistake.
+#include <gtest/gtest.h>
+
+// Includes go downward only. The table says which folders each folder may see; its own is always allowed, and
+// a folder that is not in the table is a mistake.
 namespace {
 
 const QMap<QString, QStringList>& allowedFolders() {
-    const auto list = [](const char* names) { return QString::fromLatin1(names).split(u' ', Qt::SkipEmptyParts); };
+    const auto list = [](const char* names) {
+        return QString::fromLatin1(names).split(u' ', Qt::SkipEmptyParts);
+    };
     static const QMap<QString, QStringList> allowed = {
         {QStringLiteral("platform"), list("")},
         {QStringLiteral("platform/qt"), list("platform")},
@@ -54,8 +56,8 @@ QStringList includesOf(const QString& path) {
 QStringList sourceFiles() {
     QStringList files;
     const QDir source(QStringLiteral(SOURCE_FOLDER));
-    QDirIterator all(source.path(), {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.mm")}, QDir::Files,
-                     QDirIterator::Subdirectories);
+    QDirIterator all(source.path(), {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.mm")},
+                     QDir::Files, QDirIterator::Subdirectories);
     while (all.hasNext()) {
         files += source.relativeFilePath(all.next());
     }
@@ -85,7 +87,8 @@ TEST(Includes, EveryFile_SeesOnlyWhatIsBelowIt) {
 
 TEST(Includes, SharedCode_AsksForNoSystem) {
     static const QRegularExpression system(
-        QStringLiteral("^\\s*#\\s*(?:el)?if.*\\b(?:__linux__|__APPLE__|Q_OS_\\w+|_WIN32)"), QRegularExpression::MultilineOption);
+        QStringLiteral("^\\s*#\\s*(?:el)?if.*\\b(?:__linux__|__APPLE__|Q_OS_\\w+|_WIN32)"),
+        QRegularExpression::MultilineOption);
     for (const QString& path : sourceFiles()) {
         QFile file(QStringLiteral(SOURCE_FOLDER "/") + path);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

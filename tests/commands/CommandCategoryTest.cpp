@@ -1,9 +1,9 @@
 #include "commands/CommandCategory.h"
 
+#include <QStringList>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <QStringList>
 
 namespace brivandel {
 namespace {
@@ -13,8 +13,9 @@ TEST(CommandCategory, AllCases_AreInTheirOrder) {
     for (const CommandCategory category : allCommandCategories) {
         titles += rawValue(category);
     }
-    EXPECT_EQ(titles, QStringList({QStringLiteral("Transport"), QStringLiteral("Recording"), QStringLiteral("Editing"),
-                                   QStringLiteral("Looping"), QStringLiteral("Metronome"), QStringLiteral("Navigation")}));
+    EXPECT_EQ(titles, QStringList({QStringLiteral("Transport"), QStringLiteral("Recording"),
+                                   QStringLiteral("Editing"), QStringLiteral("Looping"),
+                                   QStringLiteral("Metronome"), QStringLiteral("Navigation")}));
 }
 
 TEST(CommandCategory, RawValue_MatchesExactly) {

@@ -55,7 +55,8 @@ TEST(CustomCommandStorage, IdentifierInLowerCase_IsReadAndWrittenInUpperCase) {
 }
 
 TEST(CustomCommandStorage, UnknownMember_IsPassedOver) {
-    EXPECT_EQ(decodeCustomCommands(with("\"name\"", "\"colour\":\"red\",\"name\"")), CustomCommandList{bounce()});
+    EXPECT_EQ(decodeCustomCommands(with("\"name\"", "\"colour\":\"red\",\"name\"")),
+              CustomCommandList{bounce()});
 }
 
 class DamagedCommands : public testing::TestWithParam<std::pair<const char*, const char*>> {};
@@ -66,23 +67,25 @@ TEST_P(DamagedCommands, Decoding_FailsAsAWhole) {
 
 INSTANTIATE_TEST_SUITE_P(
     CustomCommandStorage, DamagedCommands,
-    testing::Values(std::pair{"\"id\":", "\"ID\":"}, std::pair{"\"name\":", "\"Name\":"},
-                    std::pair{"\"triggers\":", "\"trigger\":"}, std::pair{"\"capturedKey\":", "\"key\":"},
-                    std::pair{",\"isEnabled\":true", ""}, std::pair{"\"keyCode\":", "\"code\":"},
-                    std::pair{"\"modifierFlags\":", "\"flags\":"}, std::pair{"\"displayString\":", "\"display\":"},
-                    std::pair{"\"appleScript\":", "\"script\":"}, std::pair{"\"Bounce\"", "7"},
-                    std::pair{"\"Bounce\"", "null"}, std::pair{"\"keyCode\":11", "\"keyCode\":11.5"},
-                    std::pair{"\"keyCode\":11", "\"keyCode\":true"}, std::pair{"\"keyCode\":11", "\"keyCode\":\"11\""},
-                    std::pair{"\"keyCode\":11", "\"keyCode\":9223372036854775808"},
-                    std::pair{"\"isEnabled\":true", "\"isEnabled\":1"},
-                    std::pair{"\"isEnabled\":true", "\"isEnabled\":\"true\""}, std::pair{"\"bounce\"]", "5]"},
-                    std::pair{"[\"bounce it\",\"bounce\"]", "\"bounce\""}, std::pair{"0A1B2C3D-", "0A1B2C3D"},
-                    std::pair{"\"0A1B2C3D-4E5F-4061-8273-8495A6B7C8D9\"", "\"{0A1B2C3D-4E5F-4061-8273-8495A6B7C8D9}\""},
-                    std::pair{"0A1B", "0G1B"}, std::pair{"[{", "{"}, std::pair{"}]", "}"}, std::pair{"}]", "},1]"},
-                    std::pair{"Bounce", "\xff"}));
+    testing::Values(
+        std::pair{"\"id\":", "\"ID\":"}, std::pair{"\"name\":", "\"Name\":"},
+        std::pair{"\"triggers\":", "\"trigger\":"}, std::pair{"\"capturedKey\":", "\"key\":"},
+        std::pair{",\"isEnabled\":true", ""}, std::pair{"\"keyCode\":", "\"code\":"},
+        std::pair{"\"modifierFlags\":", "\"flags\":"}, std::pair{"\"displayString\":", "\"display\":"},
+        std::pair{"\"appleScript\":", "\"script\":"}, std::pair{"\"Bounce\"", "7"},
+        std::pair{"\"Bounce\"", "null"}, std::pair{"\"keyCode\":11", "\"keyCode\":11.5"},
+        std::pair{"\"keyCode\":11", "\"keyCode\":true"}, std::pair{"\"keyCode\":11", "\"keyCode\":\"11\""},
+        std::pair{"\"keyCode\":11", "\"keyCode\":9223372036854775808"},
+        std::pair{"\"isEnabled\":true", "\"isEnabled\":1"},
+        std::pair{"\"isEnabled\":true", "\"isEnabled\":\"true\""}, std::pair{"\"bounce\"]", "5]"},
+        std::pair{"[\"bounce it\",\"bounce\"]", "\"bounce\""}, std::pair{"0A1B2C3D-", "0A1B2C3D"},
+        std::pair{"\"0A1B2C3D-4E5F-4061-8273-8495A6B7C8D9\"", "\"{0A1B2C3D-4E5F-4061-8273-8495A6B7C8D9}\""},
+        std::pair{"0A1B", "0G1B"}, std::pair{"[{", "{"}, std::pair{"}]", "}"}, std::pair{"}]", "},1]"},
+        std::pair{"Bounce", "\xff"}));
 
 TEST(CustomCommandStorage, NoJson_IsNoList) {
-    for (const QByteArray& text : {QByteArray(), QByteArray("not json"), QByteArray("{}"), QByteArray("null")}) {
+    for (const QByteArray& text :
+         {QByteArray(), QByteArray("not json"), QByteArray("{}"), QByteArray("null")}) {
         EXPECT_EQ(decodeCustomCommands(text), std::nullopt) << text.toStdString();
     }
 }
@@ -103,8 +106,9 @@ TEST(TriggerOverrideStorage, Decoding_GivesBackWhatWasEncoded) {
 }
 
 TEST(TriggerOverrideStorage, OneWrongValue_FailsTheWholeMap) {
-    for (const QByteArray& text : {QByteArray("[]"), QByteArray(R"({"play":"x"})"), QByteArray(R"({"play":[1]})"),
-                                   QByteArray(R"({"play":[],"stop":null})"), QByteArray("{")}) {
+    for (const QByteArray& text :
+         {QByteArray("[]"), QByteArray(R"({"play":"x"})"), QByteArray(R"({"play":[1]})"),
+          QByteArray(R"({"play":[],"stop":null})"), QByteArray("{")}) {
         EXPECT_EQ(decodeTriggerOverrides(text), std::nullopt) << text.toStdString();
     }
 }

@@ -2,9 +2,9 @@
 
 #include "commands/KeystrokeScript.h"
 
-#include <gtest/gtest.h>
-
 #include <QMap>
+
+#include <gtest/gtest.h>
 
 namespace brivandel {
 namespace {
@@ -19,7 +19,8 @@ public:
         return found == characters.end() ? std::nullopt : std::optional(*found);
     }
 
-    QMap<std::uint16_t, QString> characters = {{1, QStringLiteral("s")}, {24, QStringLiteral("ß")}, {50, QString()}};
+    QMap<std::uint16_t, QString> characters = {
+        {1, QStringLiteral("s")}, {24, QStringLiteral("ß")}, {50, QString()}};
 };
 
 TEST(KeyDisplayString, NamedKeys_ShowTheirNames) {
@@ -84,13 +85,14 @@ TEST(AppleScriptForKey, NoModifiers_HasNoUsingClause) {
 }
 
 TEST(AppleScriptForKey, AllModifiers_StandInTheOrderCommandShiftOptionControl) {
-    EXPECT_EQ(appleScriptForKey(1, allModifiers),
-              QStringLiteral("tell application \"System Events\"\n"
-                             "    tell process \"Logic Pro\"\n"
-                             "        set frontmost to true\n"
-                             "        key code 1 using {command down, shift down, option down, control down}\n"
-                             "    end tell\n"
-                             "end tell"));
+    EXPECT_EQ(
+        appleScriptForKey(1, allModifiers),
+        QStringLiteral("tell application \"System Events\"\n"
+                       "    tell process \"Logic Pro\"\n"
+                       "        set frontmost to true\n"
+                       "        key code 1 using {command down, shift down, option down, control down}\n"
+                       "    end tell\n"
+                       "end tell"));
 }
 
 TEST(AppleScriptForKey, SomeModifiers_KeepTheirOrder) {
@@ -104,7 +106,8 @@ TEST(CaptureKey, Texts_AreThoseOfTheMomentOfCapture) {
     FakeLayout layout;
     const CapturedKey key = captureKey(1, commandModifier, layout);
     layout.characters.insert(1, QStringLiteral("o"));
-    EXPECT_EQ(key, (CapturedKey{1, commandModifier, QStringLiteral("⌘S"), appleScriptForKey(1, commandModifier)}));
+    EXPECT_EQ(key,
+              (CapturedKey{1, commandModifier, QStringLiteral("⌘S"), appleScriptForKey(1, commandModifier)}));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "engine/BarNumberParser.h"
 
-#include <gtest/gtest.h>
-
 #include <QStringList>
+
+#include <gtest/gtest.h>
 
 namespace brivandel {
 namespace {
@@ -102,10 +102,12 @@ TEST(BarNumber, LongBlank_IsNoDanger) {
 }
 
 TEST(WordToNumber, EveryWord_HasItsValue) {
-    const QStringList units = QStringLiteral("zero one two three four five six seven eight nine ten eleven twelve thirteen "
-                                             "fourteen fifteen sixteen seventeen eighteen nineteen")
-                                  .split(u' ');
-    const QStringList tens = QStringLiteral("twenty thirty forty fifty sixty seventy eighty ninety").split(u' ');
+    const QStringList units =
+        QStringLiteral("zero one two three four five six seven eight nine ten eleven twelve thirteen "
+                       "fourteen fifteen sixteen seventeen eighteen nineteen")
+            .split(u' ');
+    const QStringList tens =
+        QStringLiteral("twenty thirty forty fifty sixty seventy eighty ninety").split(u' ');
     for (qsizetype unit = 0; unit < units.size(); ++unit) {
         EXPECT_EQ(wordToNumber(units[unit]), unit);
     }

@@ -10,8 +10,9 @@ TEST(ExecutionPlan, BuiltIn_HasItsTexts) {
     EXPECT_EQ(plan.label, QStringLiteral("play"));
     EXPECT_EQ(plan.detail, QStringLiteral("Start playback from current position"));
     EXPECT_EQ(plan.script, appleScript(VoiceCommand::play));
-    EXPECT_EQ(plan.linesBefore, QStringList({QStringLiteral("Executing command: play"),
-                                             QStringLiteral("AppleScript: ") + appleScript(VoiceCommand::play)}));
+    EXPECT_EQ(plan.linesBefore,
+              QStringList({QStringLiteral("Executing command: play"),
+                           QStringLiteral("AppleScript: ") + appleScript(VoiceCommand::play)}));
     EXPECT_EQ(plan.failurePrefix, QStringLiteral("AppleScript error: "));
     EXPECT_EQ(plan.successLine, QStringLiteral("Command succeeded: play"));
     EXPECT_EQ(plan.recordAs, VoiceCommand::play);

@@ -36,16 +36,17 @@ TEST(SpokenPhrases, Defaults_HoldEveryTriggerAndSwitchOnce) {
 }
 
 TEST(SpokenPhrases, Overrides_ReplaceTheDefaults) {
-    const auto vocabulary = phrasesWith(
-        {{QStringLiteral("undo"), {QStringLiteral("oops")}}, {QStringLiteral("redo"), {}}}, {});
+    const auto vocabulary =
+        phrasesWith({{QStringLiteral("undo"), {QStringLiteral("oops")}}, {QStringLiteral("redo"), {}}}, {});
     EXPECT_THAT(vocabulary.phrases, Contains(QStringLiteral("oops")));
     EXPECT_THAT(vocabulary.phrases, Not(Contains(QStringLiteral("undo"))));
     EXPECT_THAT(vocabulary.phrases, Not(Contains(QStringLiteral("redo"))));
 }
 
 TEST(SpokenPhrases, CustomCommands_AddTheirTriggersWhenEnabled) {
-    const auto vocabulary = phrasesWith({}, {custom({QStringLiteral("Bounce It"), QString(), QStringLiteral("play")}),
-                                             custom({QStringLiteral("mixdown")}, false)});
+    const auto vocabulary =
+        phrasesWith({}, {custom({QStringLiteral("Bounce It"), QString(), QStringLiteral("play")}),
+                         custom({QStringLiteral("mixdown")}, false)});
     EXPECT_THAT(vocabulary.phrases, Contains(QStringLiteral("bounce it")));
     EXPECT_THAT(vocabulary.phrases, Not(Contains(QString())));
     EXPECT_THAT(vocabulary.phrases, Not(Contains(QStringLiteral("mixdown"))));

@@ -8,8 +8,12 @@ namespace {
 // The decision in short, as in "play by play".
 QString shortly(const Decision& decision) {
     struct Visitor {
-        QString operator()(const TriggerWordOn& match) const { return QStringLiteral("on by ") + match.trigger; }
-        QString operator()(const TriggerWordOff& match) const { return QStringLiteral("off by ") + match.trigger; }
+        QString operator()(const TriggerWordOn& match) const {
+            return QStringLiteral("on by ") + match.trigger;
+        }
+        QString operator()(const TriggerWordOff& match) const {
+            return QStringLiteral("off by ") + match.trigger;
+        }
         QString operator()(const BarNavigation& match) const { return barNavigationLabel(match); }
         QString operator()(const BuiltInMatch& match) const {
             return rawValue(match.command) + QStringLiteral(" by ") + match.trigger;
@@ -64,7 +68,8 @@ TEST_F(TranscriptMatcherTest, LongerTrigger_WinsOverAllCommands) {
     EXPECT_EQ(match(QStringLiteral("stop recording")), QStringLiteral("stop recording by stop recording"));
     EXPECT_EQ(match(QStringLiteral("play that back")), QStringLiteral("play that back by play that back"));
     EXPECT_EQ(match(QStringLiteral("save as")), QStringLiteral("save as by save as"));
-    EXPECT_EQ(match(QStringLiteral("stop and start recording")), QStringLiteral("start recording by start recording"));
+    EXPECT_EQ(match(QStringLiteral("stop and start recording")),
+              QStringLiteral("start recording by start recording"));
 }
 
 TEST_F(TranscriptMatcherTest, EqualLengths_KeepTheOrderOfDeclaration) {
@@ -116,22 +121,27 @@ TEST_F(TranscriptMatcherTest, EmptyTrigger_MatchesNothing) {
 TEST_F(TranscriptMatcherTest, Length_IsCountedAsAPersonWould) {
     // Four accented letters, eight code units, are shorter than five plain ones.
     const QString accented = QStringLiteral("e\u0301e\u0301e\u0301e\u0301");
-    matcher_.setTriggerOverrides({{QStringLiteral("play"), {accented}}, {QStringLiteral("stop"), {QStringLiteral("fives")}}});
+    matcher_.setTriggerOverrides(
+        {{QStringLiteral("play"), {accented}}, {QStringLiteral("stop"), {QStringLiteral("fives")}}});
     EXPECT_EQ(match(accented + QStringLiteral("fives")), QStringLiteral("stop by fives"));
 
     // One guitar beside a family that is one character although it has eleven code units.
     const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466");
-    matcher_.setTriggerOverrides({{QStringLiteral("play"), {family}}, {QStringLiteral("stop"), {QStringLiteral("ab")}}});
+    matcher_.setTriggerOverrides(
+        {{QStringLiteral("play"), {family}}, {QStringLiteral("stop"), {QStringLiteral("ab")}}});
     EXPECT_EQ(match(family + QStringLiteral("ab")), QStringLiteral("stop by ab"));
 }
 
 TEST_F(TranscriptMatcherTest, TriggerWordSwitches_BeatEverything) {
     EXPECT_EQ(match(QStringLiteral("trigger word on")), QStringLiteral("on by trigger word on"));
-    EXPECT_EQ(match(QStringLiteral("please enable trigger word")), QStringLiteral("on by enable trigger word"));
+    EXPECT_EQ(match(QStringLiteral("please enable trigger word")),
+              QStringLiteral("on by enable trigger word"));
     EXPECT_EQ(match(QStringLiteral("trigger word off")), QStringLiteral("off by trigger word off"));
     EXPECT_EQ(match(QStringLiteral("disable trigger word")), QStringLiteral("off by disable trigger word"));
-    EXPECT_EQ(match(QStringLiteral("play bar 5 and trigger word off")), QStringLiteral("off by trigger word off"));
-    EXPECT_EQ(match(QStringLiteral("trigger word off trigger word on")), QStringLiteral("on by trigger word on"));
+    EXPECT_EQ(match(QStringLiteral("play bar 5 and trigger word off")),
+              QStringLiteral("off by trigger word off"));
+    EXPECT_EQ(match(QStringLiteral("trigger word off trigger word on")),
+              QStringLiteral("on by trigger word on"));
 }
 
 TEST_F(TranscriptMatcherTest, BarNumber_BeatsEveryCommand) {
@@ -168,7 +178,8 @@ TEST_F(TranscriptMatcherTest, CustomCommands_AreTakenInListOrder) {
 }
 
 TEST_F(TranscriptMatcherTest, TriggersOfOneCustomCommand_AreTakenLongestFirst) {
-    matcher_.setCustomCommands({custom(QStringLiteral("Mix"), {QStringLiteral("mix"), QStringLiteral("mixdown")})});
+    matcher_.setCustomCommands(
+        {custom(QStringLiteral("Mix"), {QStringLiteral("mix"), QStringLiteral("mixdown")})});
     EXPECT_EQ(match(QStringLiteral("mixdown")), QStringLiteral("own Mix by mixdown"));
 }
 

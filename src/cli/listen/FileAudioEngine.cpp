@@ -4,10 +4,10 @@
 
 namespace brivandel {
 
-FileAudioEngine::FileAudioEngine(const AudioFormat& format)
-    : format_(format) {}
+FileAudioEngine::FileAudioEngine(const AudioFormat& format) : format_(format) {}
 
-void FileAudioEngine::installTap(std::uint32_t /*bufferSizeFrames*/, const AudioFormat& /*format*/, TapBlock block) {
+void FileAudioEngine::installTap(std::uint32_t /*bufferSizeFrames*/, const AudioFormat& /*format*/,
+                                 TapBlock block) {
     tap_ = std::move(block);
 }
 

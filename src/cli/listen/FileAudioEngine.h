@@ -5,8 +5,8 @@
 
 namespace brivandel {
 
-/// An engine whose input is handed to it block by block, on the caller's thread; what comes while it is stopped is lost,
-/// as it is with a microphone.
+/// An engine whose input is handed to it block by block, on the caller's thread; what comes while it is
+/// stopped is lost, as it is with a microphone.
 class FileAudioEngine final : public AudioEngine {
 public:
     explicit FileAudioEngine(const AudioFormat& format);
@@ -31,7 +31,9 @@ private:
 class NoAudioDevices final : public AudioDevices {
 public:
     [[nodiscard]] QList<AudioDevice> inputDevices() override { return {}; }
-    [[nodiscard]] std::optional<AudioDeviceID> deviceIDForUID(const QString& /*uid*/) override { return std::nullopt; }
+    [[nodiscard]] std::optional<AudioDeviceID> deviceIDForUID(const QString& /*uid*/) override {
+        return std::nullopt;
+    }
 };
 
 } // namespace brivandel

@@ -3,8 +3,8 @@
 #include "cli/listen/FileAudioEngine.h"
 #include "listening/VoiceController.h"
 #include "platform/Platform.h"
-#include "platform/scripted/ScriptedServices.h"
 #include "platform/scripted/MemoryDefaultsStore.h"
+#include "platform/scripted/ScriptedServices.h"
 #include "platform/scripted/VirtualMainQueue.h"
 
 #include <QObject>
@@ -33,7 +33,9 @@ public:
         : recognizer_(std::move(recognizer))
         , show_(std::move(show)) {}
 
-    void setVocabulary(const RecognitionVocabulary& vocabulary) override { recognizer_->setVocabulary(vocabulary); }
+    void setVocabulary(const RecognitionVocabulary& vocabulary) override {
+        recognizer_->setVocabulary(vocabulary);
+    }
 
     std::unique_ptr<SpeechRecognitionTask> startTask(std::shared_ptr<SpeechRecognitionRequest> request,
                                                      ResultHandler handler) override {
@@ -73,9 +75,7 @@ class ShownScriptHost final : public ScriptHost {
 public:
     using Show = std::function<void(const std::optional<ScriptErrorDictionary>&)>;
 
-    ShownScriptHost(ScriptHost* host, Show show)
-        : host_(host)
-        , show_(std::move(show)) {}
+    ShownScriptHost(ScriptHost* host, Show show) : host_(host), show_(std::move(show)) {}
 
     std::optional<ScriptErrorDictionary> run(const QString& source) override {
         if (host_ == nullptr) {
@@ -107,8 +107,8 @@ public:
 // One file, with the controller that listens to it.
 class FileSession {
 public:
-    FileSession(const AudioFormat& format, SpeechRecognition& recognition, const FileListeningOptions& options,
-                const FileListeningEvents& events)
+    FileSession(const AudioFormat& format, SpeechRecognition& recognition,
+                const FileListeningOptions& options, const FileListeningEvents& events)
         : options_(options) {
         auto mainQueue = std::make_unique<VirtualMainQueue>();
         mainQueue_ = mainQueue.get();
@@ -127,18 +127,22 @@ public:
         platform_.defaults = std::make_unique<MemoryDefaultsStore>(options.storedObjects);
         platform_.audioDevices = std::make_unique<NoAudioDevices>();
         platform_.audioEngine = std::move(audioEngine);
-        platform_.speechRecognition = std::make_unique<ShownRecognition>(
-            recognition, [this, &events](const RecognitionResult& result) { events.heard(seconds(), result); });
+        platform_.speechRecognition =
+            std::make_unique<ShownRecognition>(recognition, [this, &events](const RecognitionResult& result) {
+                events.heard(seconds(), result);
+            });
 
         controller_ = std::make_unique<VoiceController>(platform_);
         QObject::connect(controller_.get(), &VoiceController::willAct, controller_.get(),
                          [this, &events](const Decision& decision) {
-                             events.command(seconds(), controller_->lastTranscript(), controller_->useWakeWord(), decision);
+                             events.command(seconds(), controller_->lastTranscript(),
+                                            controller_->useWakeWord(), decision);
                          });
         mainQueue_->runDue();
         controller_->setIsListening(true);
         mainQueue_->runDue();
         start_ = std::chrono::steady_clock::now();
+        events.began(start_);
     }
 
     void feed(const AudioBuffer& buffer) {
@@ -164,7 +168,9 @@ public:
     }
 
 private:
-    [[nodiscard]] double seconds() const { return std::chrono::duration<double>(mainQueue_->elapsed()).count(); }
+    [[nodiscard]] double seconds() const {
+        return std::chrono::duration<double>(mainQueue_->elapsed()).count();
+    }
 
     const FileListeningOptions& options_;
     Platform platform_;

@@ -28,7 +28,8 @@ VirtualMainQueue::Duration duration(double seconds, const char* member) {
 
 template <typename Number>
 Number inRange(qlonglong value, const char* member) {
-    if (value < qlonglong{std::numeric_limits<Number>::min()} || value > qlonglong{std::numeric_limits<Number>::max()}) {
+    if (value < qlonglong{std::numeric_limits<Number>::min()} ||
+        value > qlonglong{std::numeric_limits<Number>::max()}) {
         throw ScenarioError("\"" + std::string(member) + "\" is out of range: " + std::to_string(value));
     }
     return static_cast<Number>(value);
@@ -42,8 +43,9 @@ Json secondsJson(VirtualMainQueue::Duration time) {
 }
 
 const QMetaProperty& propertyNamed(const std::vector<QMetaProperty>& properties, const QString& name) {
-    const auto found = std::ranges::find(properties, name.toLatin1(),
-                                         [](const QMetaProperty& property) { return QByteArray(property.name()); });
+    const auto found = std::ranges::find(properties, name.toLatin1(), [](const QMetaProperty& property) {
+        return QByteArray(property.name());
+    });
     if (found == properties.end()) {
         throw ScenarioError("there is no property \"" + name.toStdString() + "\"");
     }
@@ -54,7 +56,8 @@ const QMetaProperty& propertyNamed(const std::vector<QMetaProperty>& properties,
 QVariant propertyValue(const QMetaProperty& property, const Json& value) {
     constexpr auto member = "value";
     if (property.metaType() == QMetaType::fromType<std::optional<QString>>()) {
-        return QVariant::fromValue(value.is_null() ? std::nullopt : std::optional(scenarioText(value, member)));
+        return QVariant::fromValue(value.is_null() ? std::nullopt
+                                                   : std::optional(scenarioText(value, member)));
     }
     switch (property.typeId()) {
     case QMetaType::Bool:
@@ -121,7 +124,8 @@ std::vector<ScriptedChannel> channels(const Json& buffer) {
 ReplaySession::ReplaySession(Print print, const QVariantMap& storedObjects)
     : print_(std::move(print))
     , scripted_(makeScriptedPlatform(
-          [this](std::string_view event, const Json& members) { this->print(event, members); }, storedObjects)) {}
+          [this](std::string_view event, const Json& members) { this->print(event, members); },
+          storedObjects)) {}
 
 ReplaySession::~ReplaySession() = default;
 
@@ -234,11 +238,13 @@ void ReplaySession::permission(ScenarioStep& step) {
         if (value->is_string()) {
             const auto index = names.indexOf(scenarioText(*value, "speech"));
             if (index < 0) {
-                throw ScenarioError("\"speech\" must be one of " + names.join(QStringLiteral(", ")).toStdString());
+                throw ScenarioError("\"speech\" must be one of " +
+                                    names.join(QStringLiteral(", ")).toStdString());
             }
             speech = static_cast<SpeechAuthorization>(index);
         } else {
-            speech = static_cast<SpeechAuthorization>(inRange<int>(scenarioInteger(*value, "speech"), "speech"));
+            speech =
+                static_cast<SpeechAuthorization>(inRange<int>(scenarioInteger(*value, "speech"), "speech"));
         }
     }
     std::optional<bool> microphone;
@@ -378,7 +384,8 @@ void ReplaySession::audio(ScenarioStep& step) {
         constexpr std::uint32_t mostFrames = 1'000'000;
         const auto frames = std::min(inRange<std::uint32_t>(step.integer("frames"), "frames"), mostFrames);
         const auto times = inRange<std::uint32_t>(step.optionalInteger("times").value_or(1), "times");
-        buffers.assign(times, std::vector<ScriptedChannel>(inputFormat_.channelCount, std::vector<float>(frames, sample)));
+        buffers.assign(times, std::vector<ScriptedChannel>(inputFormat_.channelCount,
+                                                           std::vector<float>(frames, sample)));
     }
     step.expectNothingElse();
     static_cast<void>(controller());

@@ -25,8 +25,8 @@ public:
     ReplaySession(Print print, const QVariantMap& storedObjects);
     ~ReplaySession() override;
 
-    /// Throws ScenarioError when the step is unknown or a member of it is wrong; nothing of it has happened then, except
-    /// that a program may have been launched for it.
+    /// Throws ScenarioError when the step is unknown or a member of it is wrong; nothing of it has happened
+    /// then, except that a program may have been launched for it.
     void play(ScenarioStep& step);
 
 private Q_SLOTS:

@@ -21,8 +21,9 @@ bool scenarioBoolean(const ScenarioStep::Json& value, const std::string& member)
 }
 
 qlonglong scenarioInteger(const ScenarioStep::Json& value, const std::string& member) {
-    const bool isTooLarge = value.is_number_unsigned() &&
-                            value.get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int64_t>::max()};
+    const bool isTooLarge =
+        value.is_number_unsigned() &&
+        value.get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int64_t>::max()};
     if (!value.is_number_integer() || isTooLarge) {
         wrongType(member, "an integer", value);
     }
@@ -43,8 +44,7 @@ QString scenarioText(const ScenarioStep::Json& value, const std::string& member)
     return QString::fromStdString(value.get_ref<const std::string&>());
 }
 
-ScenarioStep::ScenarioStep(const std::string& line)
-    : members_(Json::parse(line, nullptr, false)) {
+ScenarioStep::ScenarioStep(const std::string& line) : members_(Json::parse(line, nullptr, false)) {
     if (members_.is_discarded()) {
         throw ScenarioError("no JSON");
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <QString>
+
+#include <nlohmann/json.hpp>
 
 #include <optional>
 #include <set>
@@ -17,8 +17,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// One step of a scenario: a JSON object whose members are read by name and type. Every reading throws ScenarioError
-/// when the member is of another type, or is needed and missing.
+/// One step of a scenario: a JSON object whose members are read by name and type. Every reading throws
+/// ScenarioError when the member is of another type, or is needed and missing.
 class ScenarioStep {
 public:
     using Json = nlohmann::ordered_json;

@@ -5,7 +5,8 @@
 #include <QFile>
 
 namespace brivandel {
-std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log, std::function<void(const QString&)> complaint) {
+std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
+                                                 std::function<void(const QString&)> complaint) {
     return std::make_unique<PropertyListDefaultsStore>(PropertyListDefaultsStore::defaultPath(), log, nullptr,
                                                        std::move(complaint));
 }
@@ -21,7 +22,13 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
     }
     return std::get<PropertyList>(list).objects();
 }
-std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions&) { return nullptr; }
-std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() { return nullptr; }
-std::optional<QString> speechRecognitionProblem() { return QStringLiteral("x"); }
+std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions&) {
+    return nullptr;
+}
+std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {
+    return nullptr;
+}
+std::optional<QString> speechRecognitionProblem() {
+    return QStringLiteral("x");
+}
 } // namespace brivandel

@@ -32,7 +32,8 @@ LogFile::LogFile(QString directory, WallClock wallClock)
     , wallClock_(std::move(wallClock)) {}
 
 void LogFile::write(const QString& message) {
-    const QByteArray line = (u'[' + timestamp(wallClock_()) + QStringLiteral("] ") + message + u'\n').toUtf8();
+    const QByteArray line =
+        (u'[' + timestamp(wallClock_()) + QStringLiteral("] ") + message + u'\n').toUtf8();
 
     // ExistingOnly: the file's first line is written whole or not at all, below.
     QFile file(path_);

@@ -5,8 +5,7 @@
 
 namespace brivandel {
 
-ScriptedAudioEngine::ScriptedAudioEngine(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedAudioEngine::ScriptedAudioEngine(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedAudioEngine::report(const char* action, nlohmann::ordered_json members) {
     nlohmann::ordered_json event = {{"action", action}};
@@ -14,7 +13,8 @@ void ScriptedAudioEngine::report(const char* action, nlohmann::ordered_json memb
     sink_("engine", std::move(event));
 }
 
-void ScriptedAudioEngine::installTap(std::uint32_t bufferSizeFrames, const AudioFormat& /*format*/, TapBlock block) {
+void ScriptedAudioEngine::installTap(std::uint32_t bufferSizeFrames, const AudioFormat& /*format*/,
+                                     TapBlock block) {
     tap_ = std::move(block);
     report("installTap", {{"bufferSize", bufferSizeFrames}});
 }

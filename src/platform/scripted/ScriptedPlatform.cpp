@@ -58,7 +58,8 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     auto& audioEngine = place<ScriptedAudioEngine>(platform->audioEngine, sink);
     auto& speechRecognition = place<ScriptedSpeechRecognition>(platform->speechRecognition, sink);
     return {
-        std::move(platform), mainQueue, defaults, permissions, scriptHost, audioDevices, audioEngine, speechRecognition,
+        std::move(platform), mainQueue,    defaults,    permissions,
+        scriptHost,          audioDevices, audioEngine, speechRecognition,
     };
 }
 

@@ -14,8 +14,8 @@
 
 namespace brivandel {
 
-/// A whole platform in virtual time, played from outside. Its services are reached as interfaces through platform, and
-/// as what they are through the references, for whoever plays them. One thread.
+/// A whole platform in virtual time, played from outside. Its services are reached as interfaces through
+/// platform, and as what they are through the references, for whoever plays them. One thread.
 struct ScriptedPlatform {
     std::unique_ptr<Platform> platform;
     VirtualMainQueue& mainQueue;
@@ -30,8 +30,9 @@ struct ScriptedPlatform {
     void endProgram();
 };
 
-/// Every call of a service is reported to the sink, writes to the store as "store" events. The store starts with these
-/// objects.
-[[nodiscard]] ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& storedObjects = {});
+/// Every call of a service is reported to the sink, writes to the store as "store" events. The store starts
+/// with these objects.
+[[nodiscard]] ScriptedPlatform makeScriptedPlatform(const EventSink& sink,
+                                                    const QVariantMap& storedObjects = {});
 
 } // namespace brivandel

@@ -6,8 +6,7 @@
 
 namespace brivandel {
 
-ScriptedWorkQueue::ScriptedWorkQueue(VirtualMainQueue& mainQueue)
-    : mainQueue_(mainQueue) {}
+ScriptedWorkQueue::ScriptedWorkQueue(VirtualMainQueue& mainQueue) : mainQueue_(mainQueue) {}
 
 void ScriptedWorkQueue::run(std::function<void()> work) {
     work();
@@ -24,21 +23,20 @@ std::optional<ScriptErrorDictionary> ScriptedScriptHost::run(const QString& sour
     return error_;
 }
 
-void ScriptedScriptHost::setOutcome(std::optional<ScriptErrorDictionary> error, VirtualMainQueue::Duration duration) {
+void ScriptedScriptHost::setOutcome(std::optional<ScriptErrorDictionary> error,
+                                    VirtualMainQueue::Duration duration) {
     error_ = std::move(error);
     duration_ = duration;
 }
 
-ScriptedLog::ScriptedLog(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedLog::ScriptedLog(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedLog::write(const QString& message) {
     const QString callStack = QStringLiteral("Call stack: ");
     sink_("log", {{"line", (message.startsWith(callStack) ? callStack + u'…' : message).toStdString()}});
 }
 
-ScriptedPermissions::ScriptedPermissions(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedPermissions::ScriptedPermissions(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedPermissions::requestSpeechAuthorization(std::function<void(SpeechAuthorization)> answer) {
     sink_("permissionRequest", {{"kind", "speech"}});
@@ -66,15 +64,14 @@ void ScriptedPermissions::answerMicrophone(bool granted) const {
     }
 }
 
-ScriptedNotifier::ScriptedNotifier(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedNotifier::ScriptedNotifier(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedNotifier::deliver(const Notification& notification) {
-    sink_("notification", {{"title", notification.title.toStdString()}, {"body", notification.body.toStdString()}});
+    sink_("notification",
+          {{"title", notification.title.toStdString()}, {"body", notification.body.toStdString()}});
 }
 
-ScriptedBeeper::ScriptedBeeper(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedBeeper::ScriptedBeeper(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedBeeper::beep() {
     sink_("beep", nlohmann::ordered_json::object());

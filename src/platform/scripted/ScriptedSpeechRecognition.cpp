@@ -8,8 +8,7 @@ namespace brivandel {
 
 class ScriptedSpeechRecognition::Request final : public SpeechRecognitionRequest {
 public:
-    explicit Request(const EventSink& sink)
-        : sink_(sink) {}
+    explicit Request(const EventSink& sink) : sink_(sink) {}
 
     void setShouldReportPartialResults(bool report) override {
         sink_("request", {{"action", "begin"}, {"partialResults", report}});
@@ -43,8 +42,7 @@ private:
 
 class ScriptedSpeechRecognition::Recognizer final : public SpeechRecognizer {
 public:
-    explicit Recognizer(ScriptedSpeechRecognition& owner)
-        : owner_(owner) {}
+    explicit Recognizer(ScriptedSpeechRecognition& owner) : owner_(owner) {}
 
     // What is heard is what the scenario says, whatever the vocabulary.
     void setVocabulary(const RecognitionVocabulary& /*vocabulary*/) override {}
@@ -59,8 +57,7 @@ private:
     ScriptedSpeechRecognition& owner_;
 };
 
-ScriptedSpeechRecognition::ScriptedSpeechRecognition(const EventSink& sink)
-    : sink_(sink) {}
+ScriptedSpeechRecognition::ScriptedSpeechRecognition(const EventSink& sink) : sink_(sink) {}
 
 ScriptedSpeechRecognition::~ScriptedSpeechRecognition() = default;
 
@@ -72,7 +69,8 @@ std::shared_ptr<SpeechRecognitionRequest> ScriptedSpeechRecognition::makeRequest
     return requestAvailable_ ? std::make_shared<Request>(sink_) : nullptr;
 }
 
-void ScriptedSpeechRecognition::deliver(const std::optional<RecognitionResult>& result, const std::optional<QString>& error,
+void ScriptedSpeechRecognition::deliver(const std::optional<RecognitionResult>& result,
+                                        const std::optional<QString>& error,
                                         std::optional<std::size_t> taskNumber) {
     std::shared_ptr<Session> session;
     if (taskNumber) {
@@ -81,7 +79,8 @@ void ScriptedSpeechRecognition::deliver(const std::optional<RecognitionResult>& 
         }
     } else {
         const auto newestFirst = sessions_ | std::views::reverse;
-        const auto found = std::ranges::find_if(newestFirst, [](const auto& candidate) { return candidate->isLive; });
+        const auto found =
+            std::ranges::find_if(newestFirst, [](const auto& candidate) { return candidate->isLive; });
         session = found == newestFirst.end() ? nullptr : *found;
     }
     if (!session || !session->isLive) {

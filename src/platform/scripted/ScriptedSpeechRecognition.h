@@ -21,8 +21,8 @@ public:
     void setRecognizerAvailable(bool available) { recognizerAvailable_ = available; }
     void setRequestAvailable(bool available) { requestAvailable_ = available; }
 
-    /// Delivers to the live task of that number, or to the newest live one; with none, nothing happens. A task lives
-    /// until it is cancelled or has delivered an error.
+    /// Delivers to the live task of that number, or to the newest live one; with none, nothing happens. A
+    /// task lives until it is cancelled or has delivered an error.
     void deliver(const std::optional<RecognitionResult>& result, const std::optional<QString>& error,
                  std::optional<std::size_t> taskNumber);
     /// Forgets every task without a report, as the end of a program does.

@@ -4,16 +4,15 @@ namespace brivandel {
 
 namespace {
 
-// The wall clock at the start of virtual time, 2026-01-01T00:00:00Z: any fixed moment does, since runs must be alike.
+// The wall clock at the start of virtual time, 2026-01-01T00:00:00Z: any fixed moment does, since runs must
+// be alike.
 constexpr std::chrono::seconds wallTimeAtStart{1767225600};
 
 } // namespace
 
 class VirtualMainQueue::VirtualTimer final : public Timer {
 public:
-    VirtualTimer(VirtualMainQueue& queue, Key key)
-        : queue_(queue)
-        , key_(std::move(key)) {}
+    VirtualTimer(VirtualMainQueue& queue, Key key) : queue_(queue), key_(std::move(key)) {}
     ~VirtualTimer() override { VirtualTimer::invalidate(); }
     VirtualTimer(const VirtualTimer&) = delete;
     VirtualTimer& operator=(const VirtualTimer&) = delete;

@@ -8,7 +8,8 @@
 
 namespace brivandel {
 
-/// A main queue whose time stands still until it is advanced, so that 45 seconds of waiting take none. One thread.
+/// A main queue whose time stands still until it is advanced, so that 45 seconds of waiting take none. One
+/// thread.
 class VirtualMainQueue final : public MainQueue {
 public:
     using Duration = std::chrono::microseconds;
@@ -23,12 +24,14 @@ public:
     [[nodiscard]] Duration elapsed() const { return elapsed_; }
     /// Runs what is due now, and what that posts.
     void runDue() { advance(Duration::zero()); }
-    /// Lets time pass, running what falls due in order; of things due at one moment, the one that was asked for first.
+    /// Lets time pass, running what falls due in order; of things due at one moment, the one that was asked
+    /// for first.
     void advance(Duration duration);
     /// Forgets everything that waits.
     void clear() { waiting_.clear(); }
 
-    /// While set, posting is delayed by this much: for work that stands for something that takes time elsewhere.
+    /// While set, posting is delayed by this much: for work that stands for something that takes time
+    /// elsewhere.
     void setPostingDelay(Duration delay) { postingDelay_ = delay; }
 
 private:

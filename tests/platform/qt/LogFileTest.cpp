@@ -1,10 +1,10 @@
 #include "platform/qt/LogFile.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 namespace brivandel {
 namespace {

@@ -11,7 +11,8 @@
 namespace brivandel {
 
 FileLock::FileLock(const QString& path)
-    : descriptor_(open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
+    : descriptor_(
+          open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
     while (descriptor_ >= 0 && flock(descriptor_, LOCK_EX) != 0) {
         if (errno != EINTR) {
             close(descriptor_);

@@ -68,11 +68,9 @@ void PropertyList::Deleter::operator()(void* node) const {
     plist_free(node);
 }
 
-PropertyList::PropertyList()
-    : PropertyList(Handle(plist_new_dict())) {}
+PropertyList::PropertyList() : PropertyList(Handle(plist_new_dict())) {}
 
-PropertyList::PropertyList(Handle root)
-    : root_(std::move(root)) {}
+PropertyList::PropertyList(Handle root) : root_(std::move(root)) {}
 
 std::variant<PropertyList, PropertyListError> PropertyList::parse(const QByteArray& bytes) {
     if (bytes.isEmpty()) {

@@ -14,8 +14,8 @@ struct PropertyListError {
     QString reason;
 };
 
-/// A property list with a dictionary at its top. What is not touched stays what it is, objects of types that no setting
-/// has included.
+/// A property list with a dictionary at its top. What is not touched stays what it is, objects of types that
+/// no setting has included.
 class PropertyList {
 public:
     /// An empty dictionary.
@@ -26,8 +26,8 @@ public:
     /// The binary form: XML cannot hold every string.
     [[nodiscard]] QByteArray toBinary() const;
 
-    /// A Boolean, 64-bit integer, real, string or data as bool, qlonglong, double, QString or QByteArray; invalid when
-    /// absent or of another type.
+    /// A Boolean, 64-bit integer, real, string or data as bool, qlonglong, double, QString or QByteArray;
+    /// invalid when absent or of another type.
     [[nodiscard]] QVariant object(const QString& key) const;
     void set(const QString& key, const QVariant& value);
     void remove(const QString& key);

@@ -24,8 +24,8 @@ namespace {
 // Settings hold what a person says to the program: nobody else's business.
 constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
-// The new file stands under its final name when this returns; QSaveFile would also wait for the disk, which takes too
-// long for a setting that is written at every keystroke.
+// The new file stands under its final name when this returns; QSaveFile would also wait for the disk, which
+// takes too long for a setting that is written at every keystroke.
 bool replaceFile(const QString& path, const QByteArray& bytes, QString& failure) {
     QFile temporary(path + QStringLiteral(".new"));
     if (!temporary.open(QIODevice::WriteOnly | QIODevice::Truncate) || !temporary.setPermissions(ownerOnly) ||
@@ -35,7 +35,8 @@ bool replaceFile(const QString& path, const QByteArray& bytes, QString& failure)
         return false;
     }
     temporary.close();
-    if (std::rename(QFile::encodeName(temporary.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+    if (std::rename(QFile::encodeName(temporary.fileName()).constData(),
+                    QFile::encodeName(path).constData()) != 0) {
         failure = qt_error_string();
         temporary.remove();
         return false;
@@ -120,8 +121,8 @@ void PropertyListDefaultsStore::change(const QString& key, const QVariant& value
     QDir().mkpath(QFileInfo(path_).absolutePath());
     const FileLock lock(path_ + QStringLiteral(".lock"));
 
-    // Another program may have written since: its keys are taken over. A file that has become unreadable meanwhile, or
-    // has gone, is made anew from what is in memory.
+    // Another program may have written since: its keys are taken over. A file that has become unreadable
+    // meanwhile, or has gone, is made anew from what is in memory.
     if (auto stored = lock.isHeld() ? readFile() : std::nullopt) {
         list_ = std::move(*stored);
     }

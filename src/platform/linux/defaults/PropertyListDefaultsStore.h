@@ -14,12 +14,13 @@ namespace brivandel {
 class DiagnosticLog;
 class WorkQueue;
 
-/// The user's settings as one property-list file. Each write takes the file as it is at that moment, changes one key and
-/// puts the new file in its place, under a lock: two programs at once lose no key, and whoever is interrupted leaves the
-/// old file or the new one. Reading is from memory.
+/// The user's settings as one property-list file. Each write takes the file as it is at that moment, changes
+/// one key and puts the new file in its place, under a lock: two programs at once lose no key, and whoever is
+/// interrupted leaves the old file or the new one. Reading is from memory.
 ///
-/// A file that cannot be read is kept under another name, which is said once in the log and to the user, and the settings
-/// start empty. A write that fails is logged; its value holds meanwhile, and goes into the file with the next write.
+/// A file that cannot be read is kept under another name, which is said once in the log and to the user, and
+/// the settings start empty. A write that fails is logged; its value holds meanwhile, and goes into the file
+/// with the next write.
 class PropertyListDefaultsStore final : public DefaultsStore {
 public:
     /// Tells a person that something is wrong with the settings file.

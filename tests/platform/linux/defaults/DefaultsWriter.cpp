@@ -20,7 +20,8 @@ int main(int argc, char* argv[]) {
         return EXIT_FAILURE;
     }
     NoLog log;
-    brivandel::PropertyListDefaultsStore store(QString::fromLocal8Bit(argv[1]), log, nullptr, [](const QString&) {});
+    brivandel::PropertyListDefaultsStore store(QString::fromLocal8Bit(argv[1]), log, nullptr,
+                                               [](const QString&) {});
     const qlonglong count = std::strtoll(argv[3], nullptr, 10);
     for (qlonglong number = 1; number <= count; ++number) {
         store.set(QString::fromLocal8Bit(argv[2]), number);

@@ -4,14 +4,13 @@
 #include "platform/WorkQueue.h"
 #include "platform/linux/defaults/PropertyList.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace brivandel {
@@ -60,7 +59,9 @@ protected:
         file.write(bytes);
     }
 
-    QStringList files() const { return QFileInfo(path_).dir().entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    QStringList files() const {
+        return QFileInfo(path_).dir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
 
     QTemporaryDir folder_;
     QString path_ = folder_.filePath(QStringLiteral("config/brivandel/defaults.plist"));
@@ -132,9 +133,10 @@ TEST_F(PropertyListDefaultsStoreTest, UnreadableFile_IsKeptAsideAndSaidOnce) {
     EXPECT_THAT(store->objects(), IsEmpty());
     ASSERT_EQ(complaints_.size(), 1);
     EXPECT_EQ(log_.lines, complaints_);
-    EXPECT_TRUE(complaints_[0].startsWith(QStringLiteral("Settings file %1 could not be read: it is no property list, or "
-                                                         "a damaged one. It is kept as %1.unreadable-")
-                                              .arg(path_)))
+    EXPECT_TRUE(complaints_[0].startsWith(
+        QStringLiteral("Settings file %1 could not be read: it is no property list, or "
+                       "a damaged one. It is kept as %1.unreadable-")
+            .arg(path_)))
         << complaints_[0].toStdString();
 
     ASSERT_EQ(files().size(), 1);
@@ -172,8 +174,10 @@ TEST_F(PropertyListDefaultsStoreTest, FailedWrite_IsLoggedAndMadeGoodByTheNext) 
 
     const auto store = open();
     store->set(wakeWord, QStringLiteral("hey"));
-    EXPECT_EQ(log_.lines, QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to")
-                                          .arg(path_)));
+    EXPECT_EQ(
+        log_.lines,
+        QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to")
+                        .arg(path_)));
     EXPECT_EQ(store->object(wakeWord), QVariant(QStringLiteral("hey")));
 
     ASSERT_TRUE(obstacle.remove());
@@ -209,7 +213,8 @@ TEST_F(PropertyListDefaultsStoreTest, TwoProcessesAtOnce_LoseNoKey) {
     const auto second = startWriter(path_, QStringLiteral("second"), QStringLiteral("300"));
     EXPECT_TRUE(first->waitForFinished());
     EXPECT_TRUE(second->waitForFinished());
-    EXPECT_EQ(stored(), (QVariantMap{{QStringLiteral("first"), qlonglong{300}}, {QStringLiteral("second"), qlonglong{300}}}));
+    EXPECT_EQ(stored(), (QVariantMap{{QStringLiteral("first"), qlonglong{300}},
+                                     {QStringLiteral("second"), qlonglong{300}}}));
 }
 
 } // namespace

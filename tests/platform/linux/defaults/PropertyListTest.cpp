@@ -58,8 +58,9 @@ TEST(PropertyList, RemovedKey_IsAbsent) {
 }
 
 TEST(PropertyList, Xml_IsReadToo) {
-    const PropertyList list = parsed(xmlHead + "<dict><key>wakeWord</key><string>hi</string><key>n</key><integer>5</integer>"
-                                               "<key>b</key><false/><key>d</key><data>W10=</data></dict></plist>");
+    const PropertyList list =
+        parsed(xmlHead + "<dict><key>wakeWord</key><string>hi</string><key>n</key><integer>5</integer>"
+                         "<key>b</key><false/><key>d</key><data>W10=</data></dict></plist>");
     EXPECT_EQ(list.object(QStringLiteral("wakeWord")), QVariant(QStringLiteral("hi")));
     EXPECT_EQ(list.object(QStringLiteral("n")), QVariant(qlonglong{5}));
     EXPECT_EQ(list.object(QStringLiteral("b")), QVariant(false));
@@ -67,7 +68,8 @@ TEST(PropertyList, Xml_IsReadToo) {
 }
 
 TEST(PropertyList, ObjectOfAnotherType_IsNotReadAndNotLost) {
-    PropertyList list = parsed(xmlHead + "<dict><key>list</key><array><string>x</string></array></dict></plist>");
+    PropertyList list =
+        parsed(xmlHead + "<dict><key>list</key><array><string>x</string></array></dict></plist>");
     EXPECT_FALSE(list.object(QStringLiteral("list")).isValid());
     list.set(QStringLiteral("other"), true);
     EXPECT_TRUE(list.toBinary().contains("list"));
