@@ -13,7 +13,10 @@ namespace brivandel {
 
 LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys, TargetName target,
                                  std::unique_ptr<script::ScriptTime> time, std::chrono::milliseconds patience)
-    : keys_(std::move(keys)), target_(std::move(target)), time_(std::move(time)), patience_(patience) {}
+    : keys_(std::move(keys))
+    , target_(std::move(target))
+    , time_(std::move(time))
+    , patience_(patience) {}
 
 LinuxScriptHost::~LinuxScriptHost() {
     stopping_ = true;

@@ -16,11 +16,12 @@
 
 namespace brivandel {
 
-/// Runs the AppleScript that this program writes, and no other. A script is read whole before its first key is pressed;
-/// it can bring programs to the front, wait and press keys, and do nothing else.
+/// Runs the AppleScript that this program writes, and no other. A script is read whole before its first key
+/// is pressed; it can bring programs to the front, wait and press keys, and do nothing else.
 class LinuxScriptHost final : public ScriptHost {
 public:
-    /// How long a script may take beside its own delays before it gives up: what a person who waits for a take forgives.
+    /// How long a script may take beside its own delays before it gives up: what a person who waits for a
+    /// take forgives.
     static constexpr std::chrono::seconds defaultPatience{10};
 
     /// target: which program stands for "Logic Pro" (see TargetName); an empty text: that name itself.

@@ -4,9 +4,13 @@ namespace brivandel::script {
 
 namespace {
 
-QVariantList rangeValue(SourceRange range) { return {QVariant(range.location), QVariant(range.length)}; }
+QVariantList rangeValue(SourceRange range) {
+    return {QVariant(range.location), QVariant(range.length)};
+}
 
-QString key(const char16_t* name) { return QString::fromUtf16(name); }
+QString key(const char16_t* name) {
+    return QString::fromUtf16(name);
+}
 
 } // namespace
 
@@ -45,18 +49,21 @@ ScriptErrorDictionary keyErrorDictionary(const KeyFailure& failure, const QStrin
     case KeyFailure::Kind::NotRunning:
         return error(ErrorNumber::noSuchObject, QStringLiteral("Can’t get process \"%1\".").arg(program));
     case KeyFailure::Kind::TimedOut:
-        return error(ErrorNumber::timedOut,
-                     failure.detail.isEmpty() ? QStringLiteral("AppleEvent timed out.")
-                                              : QStringLiteral("AppleEvent timed out. ") + failure.detail);
+        return error(ErrorNumber::timedOut, failure.detail.isEmpty()
+                                                ? QStringLiteral("AppleEvent timed out.")
+                                                : QStringLiteral("AppleEvent timed out. ") + failure.detail);
     case KeyFailure::Kind::FocusElsewhere:
         return error(ErrorNumber::notPermitted,
                      failure.detail.isEmpty()
-                         ? QStringLiteral("No window has the keyboard focus, so \"%1\" would get no keys.").arg(program)
-                         : QStringLiteral("\"%1\" has the keyboard focus instead of \"%2\".").arg(failure.detail, program));
+                         ? QStringLiteral("No window has the keyboard focus, so \"%1\" would get no keys.")
+                               .arg(program)
+                         : QStringLiteral("\"%1\" has the keyboard focus instead of \"%2\".")
+                               .arg(failure.detail, program));
     case KeyFailure::Kind::KeyboardHeld:
-        return error(ErrorNumber::notPermitted,
-                     QStringLiteral("A menu or another program holds the keyboard, so the key would not reach \"%1\".")
-                         .arg(program));
+        return error(
+            ErrorNumber::notPermitted,
+            QStringLiteral("A menu or another program holds the keyboard, so the key would not reach \"%1\".")
+                .arg(program));
     }
     Q_UNREACHABLE();
 }

@@ -24,7 +24,8 @@ struct Program {
 class Run {
 public:
     explicit Run(const ScriptSurroundings& surroundings)
-        : surroundings_(surroundings), deadline_(surroundings.time.now() + surroundings.patience) {}
+        : surroundings_(surroundings)
+        , deadline_(surroundings.time.now() + surroundings.patience) {}
 
     Outcome run(const Script& script) {
         auto opened = surroundings_.keys.openSession(deadline_);
@@ -114,8 +115,8 @@ private:
         });
     }
 
-    /// Keys go to the process that is being told. Outside such a block they go to the frontmost program, which has to be
-    /// the one that this script brought to the front.
+    /// Keys go to the process that is being told. Outside such a block they go to the frontmost program,
+    /// which has to be the one that this script brought to the front.
     template <class Send>
     Outcome sendKeys(SourceRange range, const Surrounding& surrounding, Send send) {
         if (surrounding.process != nullptr) {
@@ -124,7 +125,8 @@ private:
         if (!frontmost_) {
             return runtimeErrorDictionary(
                 ErrorNumber::notPermitted, systemEvents,
-                QStringLiteral("The script brought no program to the front that the key could go to."), range);
+                QStringLiteral("The script brought no program to the front that the key could go to."),
+                range);
         }
         const auto turn = surroundings_.turns.take(deadline_ - surroundings_.time.now());
         if (!turn) {
@@ -138,9 +140,10 @@ private:
         return failed(session_->raise(program.target, deadline_), program, application, range);
     }
 
-    static Outcome failed(const std::optional<KeyFailure>& failure, const Program& program, const QString& application,
-                          SourceRange range) {
-        return failure ? Outcome(keyErrorDictionary(*failure, application, program.name, range)) : std::nullopt;
+    static Outcome failed(const std::optional<KeyFailure>& failure, const Program& program,
+                          const QString& application, SourceRange range) {
+        return failure ? Outcome(keyErrorDictionary(*failure, application, program.name, range))
+                       : std::nullopt;
     }
 
     std::variant<Program, KeyFailure> find(const QString& name) {
@@ -159,11 +162,12 @@ private:
 
     Outcome stopIfDue(SourceRange range) const {
         if (surroundings_.stopping) {
-            return runtimeErrorDictionary(ErrorNumber::cancelled, systemEvents, QStringLiteral("User canceled."), range);
+            return runtimeErrorDictionary(ErrorNumber::cancelled, systemEvents,
+                                          QStringLiteral("User canceled."), range);
         }
         if (surroundings_.time.now() >= deadline_) {
-            return runtimeErrorDictionary(ErrorNumber::timedOut, systemEvents, QStringLiteral("AppleEvent timed out."),
-                                          range);
+            return runtimeErrorDictionary(ErrorNumber::timedOut, systemEvents,
+                                          QStringLiteral("AppleEvent timed out."), range);
         }
         return std::nullopt;
     }
@@ -172,7 +176,8 @@ private:
         if (Outcome stopped = stopIfDue(range)) {
             return stopped;
         }
-        return runtimeErrorDictionary(ErrorNumber::timedOut, systemEvents, QStringLiteral("AppleEvent timed out."), range);
+        return runtimeErrorDictionary(ErrorNumber::timedOut, systemEvents,
+                                      QStringLiteral("AppleEvent timed out."), range);
     }
 
     const ScriptSurroundings& surroundings_;

@@ -7,10 +7,18 @@ namespace brivandel::script {
 namespace {
 
 // The language's own alphabet is ASCII: a letter of another script must not pass for one of its words.
-bool isLetter(char16_t unit) { return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z'); }
-bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
-bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t'; }
-bool isLineEnd(char16_t unit) { return unit == u'\n' || unit == u'\r'; }
+bool isLetter(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+bool isDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+bool isBlank(char16_t unit) {
+    return unit == u' ' || unit == u'\t';
+}
+bool isLineEnd(char16_t unit) {
+    return unit == u'\n' || unit == u'\r';
+}
 
 } // namespace
 

@@ -11,9 +11,9 @@ namespace brivandel::script {
 
 struct Token {
     enum class Kind : std::uint8_t {
-        Word,    ///< text: in lower case, as the language takes no notice of case
-        String,  ///< text: without the quotes, escapes resolved
-        Number,  ///< text: digits, with a fraction or without
+        Word,   ///< text: in lower case, as the language takes no notice of case
+        String, ///< text: without the quotes, escapes resolved
+        Number, ///< text: digits, with a fraction or without
         OpenBrace,
         CloseBrace,
         Comma,
@@ -27,7 +27,8 @@ struct Token {
     SourceRange range;
 };
 
-/// Cuts a source into tokens, one a call. After the end, and after a bad token, it gives EndOfScript for ever.
+/// Cuts a source into tokens, one a call. After the end, and after a bad token, it gives EndOfScript for
+/// ever.
 class ScriptLexer {
 public:
     explicit ScriptLexer(QStringView source) : source_(source) {}

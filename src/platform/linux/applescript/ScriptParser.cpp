@@ -61,7 +61,8 @@ std::optional<KeyModifier> modifierNamed(const QString& word) {
 /// Line feed, tab and return have keys; other control characters and halves of surrogate pairs have none.
 bool canBeTyped(const QString& text) {
     return text.isValidUtf16() && std::ranges::none_of(text, [](QChar unit) {
-               return unit.category() == QChar::Other_Control && unit != u'\n' && unit != u'\t' && unit != u'\r';
+               return unit.category() == QChar::Other_Control && unit != u'\n' && unit != u'\t' &&
+                      unit != u'\r';
            });
 }
 
@@ -82,13 +83,15 @@ private:
     TopStatement topStatement() {
         const qsizetype start = current_.range.location;
         if (!isWord(u"tell")) {
-            return finish<TopStatement>(start, commonAction<TopStatement>("“tell”, “delay”, “keystroke” or “key code”"));
+            return finish<TopStatement>(
+                start, commonAction<TopStatement>("“tell”, “delay”, “keystroke” or “key code”"));
         }
         advance();
         takeWord(u"application");
         const QString application = takeString();
         if (application.compare(systemEvents, Qt::CaseInsensitive) == 0) {
-            TellSystemEvents tell{.body = block<SystemEventsStatement>([this] { return systemEventsStatement(); })};
+            TellSystemEvents tell{
+                .body = block<SystemEventsStatement>([this] { return systemEventsStatement(); })};
             return finish<TopStatement>(start, std::move(tell));
         }
         TellApplication tell{.application = application, .body = {}};
@@ -192,9 +195,10 @@ private:
         const auto duration = std::chrono::round<std::chrono::milliseconds>(asked);
         totalDelay_ += duration;
         if (totalDelay_ > limits::totalDelay) {
-            throw Refusal{QStringLiteral("The delays of a script can’t be longer than %1 seconds together.")
-                              .arg(std::chrono::duration_cast<std::chrono::seconds>(limits::totalDelay).count()),
-                          number.range};
+            throw Refusal{
+                QStringLiteral("The delays of a script can’t be longer than %1 seconds together.")
+                    .arg(std::chrono::duration_cast<std::chrono::seconds>(limits::totalDelay).count()),
+                number.range};
         }
         return {.duration = duration};
     }
@@ -203,7 +207,8 @@ private:
         advance();
         const Token text = take(Token::Kind::String, "string");
         if (text.text.size() > limits::keystrokeLength) {
-            throw Refusal{QStringLiteral("A keystroke can’t have more than %1 characters.").arg(limits::keystrokeLength),
+            throw Refusal{QStringLiteral("A keystroke can’t have more than %1 characters.")
+                              .arg(limits::keystrokeLength),
                           text.range};
         }
         if (!canBeTyped(text.text)) {
@@ -219,8 +224,9 @@ private:
         bool isInteger = false;
         const uint code = number.text.toUInt(&isInteger);
         if (!isInteger || code > limits::virtualKeyCode) {
-            throw Refusal{QStringLiteral("A key code is a whole number from 0 to %1.").arg(limits::virtualKeyCode),
-                          number.range};
+            throw Refusal{
+                QStringLiteral("A key code is a whole number from 0 to %1.").arg(limits::virtualKeyCode),
+                number.range};
         }
         return {.virtualKeyCode = static_cast<std::uint16_t>(code), .modifiers = usingClause()};
     }
@@ -297,8 +303,9 @@ private:
     }
 
     [[noreturn]] void refuseExpected(const char* expected) const {
-        throw Refusal{QStringLiteral("Expected %1 but found %2.").arg(QString::fromUtf8(expected), nameOf(current_)),
-                      current_.range};
+        throw Refusal{
+            QStringLiteral("Expected %1 but found %2.").arg(QString::fromUtf8(expected), nameOf(current_)),
+            current_.range};
     }
 
     template <class S, class Action>
@@ -331,7 +338,8 @@ ScriptSyntaxError place(QStringView source, const Refusal& refusal) {
 std::variant<Script, ScriptSyntaxError> parseScript(QStringView source) {
     if (source.size() > limits::sourceLength) {
         return ScriptSyntaxError{
-            .message = QStringLiteral("A script can’t have more than %1 characters.").arg(limits::sourceLength),
+            .message =
+                QStringLiteral("A script can’t have more than %1 characters.").arg(limits::sourceLength),
             .range = {.location = limits::sourceLength, .length = source.size() - limits::sourceLength}};
     }
     try {

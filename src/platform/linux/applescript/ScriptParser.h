@@ -11,8 +11,8 @@
 
 namespace brivandel::script {
 
-/// What a script may ask for. The program's own scripts stay far below each of them; what is above was never written
-/// by it. Nesting needs no number: the grammar has two levels, application and process.
+/// What a script may ask for. The program's own scripts stay far below each of them; what is above was never
+/// written by it. Nesting needs no number: the grammar has two levels, application and process.
 namespace limits {
 /// In UTF-16 units. The longest script of the program has fewer than 300.
 inline constexpr qsizetype sourceLength = 4096;

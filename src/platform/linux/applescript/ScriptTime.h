@@ -14,7 +14,8 @@ public:
 
     virtual ~ScriptTime() = default;
     [[nodiscard]] virtual TimePoint now() const = 0;
-    /// Returns at that time, or at once after interrupt(). What the time is then tells nothing about which it was.
+    /// Returns at that time, or at once after interrupt(). What the time is then tells nothing about which it
+    /// was.
     virtual void waitUntil(TimePoint time) = 0;
     /// Ends every wait, now and later.
     virtual void interrupt() = 0;

@@ -8,8 +8,8 @@
 
 namespace brivandel::script {
 
-/// Whose turn it is to press keys, in the order of asking: what was said first is done first, and the keys of two
-/// scripts never mix. Any thread.
+/// Whose turn it is to press keys, in the order of asking: what was said first is done first, and the keys of
+/// two scripts never mix. Any thread.
 class ScriptTurns {
 public:
     /// A turn; destroying it hands the keyboard to the next.

@@ -23,7 +23,8 @@ struct TargetName {
     QString text;
     By by = By::Process;
 
-    /// As the user writes it: "title:" before a part of a window's title, anything else is the name of a process.
+    /// As the user writes it: "title:" before a part of a window's title, anything else is the name of a
+    /// process.
     [[nodiscard]] static TargetName fromSetting(const QString& setting);
 
     bool operator==(const TargetName&) const = default;
@@ -53,23 +54,25 @@ struct KeyTarget {
     bool operator==(const KeyTarget&) const = default;
 };
 
-/// Sends keys on behalf of one script. One thread at a time. No call lasts longer than its deadline, whatever the
-/// display, the window manager and the target do; a deadline that has passed is a failure of kind TimedOut.
+/// Sends keys on behalf of one script. One thread at a time. No call lasts longer than its deadline, whatever
+/// the display, the window manager and the target do; a deadline that has passed is a failure of kind
+/// TimedOut.
 class KeySession {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
 
     virtual ~KeySession() = default;
 
-    [[nodiscard]] virtual std::variant<KeyTarget, KeyFailure> find(const TargetName& name, Deadline deadline) = 0;
+    [[nodiscard]] virtual std::variant<KeyTarget, KeyFailure> find(const TargetName& name,
+                                                                   Deadline deadline) = 0;
     /// Brings a window of the target to the front and returns when it has the keyboard focus.
     [[nodiscard]] virtual std::optional<KeyFailure> raise(KeyTarget target, Deadline deadline) = 0;
-    /// Presses and releases one key, given by its macOS virtual key code. Nothing is sent unless the target has the
-    /// keyboard focus at that moment.
+    /// Presses and releases one key, given by its macOS virtual key code. Nothing is sent unless the target
+    /// has the keyboard focus at that moment.
     [[nodiscard]] virtual std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode,
                                                              KeyModifiers modifiers, Deadline deadline) = 0;
-    /// Types the characters as they stand in the active keyboard layout, each with the modifiers. Before each of them
-    /// the focus is checked as for pressKey, so some of the text may have been typed when it fails.
+    /// Types the characters as they stand in the active keyboard layout, each with the modifiers. Before each
+    /// of them the focus is checked as for pressKey, so some of the text may have been typed when it fails.
     [[nodiscard]] virtual std::optional<KeyFailure> typeText(KeyTarget target, const QString& text,
                                                              KeyModifiers modifiers, Deadline deadline) = 0;
 };
