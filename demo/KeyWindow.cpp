@@ -107,7 +107,7 @@ void KeyWindow::exposeEvent(QExposeEvent* event) {
 void KeyWindow::reportReady() {
     if (!wasReady_ && isExposed() && isActive()) {
         wasReady_ = true;
-        reports_.ready();
+        reports_.ready(winId());
     }
 }
 

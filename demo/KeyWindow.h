@@ -13,7 +13,7 @@ namespace brivandel {
 class KeyWindow final : public QRasterWindow {
 public:
     struct Reports {
-        std::function<void()> ready; ///< once, when it is shown and has the keyboard focus
+        std::function<void(WId)> ready; ///< once, when it is shown and has the keyboard focus
         std::function<void(const ReceivedKey&)> key;
     };
 

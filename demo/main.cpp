@@ -21,7 +21,11 @@ void writeLine(const QByteArray& line) {
 std::unique_ptr<brivandel::KeyWindow> makeWindow(const QString& title, const QByteArray& readyEvent) {
     return std::make_unique<brivandel::KeyWindow>(
         title, brivandel::KeyWindow::Reports{
-                   .ready = [readyEvent] { writeLine("{\"event\":\"" + readyEvent + "\"}\n"); },
+                   .ready =
+                       [readyEvent](WId window) {
+                           writeLine("{\"event\":\"" + readyEvent +
+                                     "\",\"window\":" + QByteArray::number(window) + "}\n");
+                       },
                    .key = [](const brivandel::ReceivedKey& key) { writeLine(key.toJsonLine()); },
                });
 }
@@ -62,6 +66,8 @@ int main(int argc, char* argv[]) {
                 dialog->setFlags(Qt::Dialog);
                 dialog->setTransientParent(window.get());
                 dialog->show();
+            } else if (line == "mark") {
+                writeLine("{\"event\":\"mark\"}\n");
             }
         },
         [] { QCoreApplication::quit(); });

@@ -1,16 +1,11 @@
 #include "platform/linux/keys/X11BorrowedKeys.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 
 namespace brivandel::x11 {
 
 namespace {
-
-/// How long a program may take to handle a few keys while they are borrowed. One that is slower misses a
-/// character that its user's own keyboard could not type either.
-constexpr std::chrono::milliseconds handlingPatience{500};
 
 void sendPing(const Connection& connection, xcb_window_t window, std::uint32_t stamp) {
     xcb_client_message_event_t message{};
@@ -74,20 +69,24 @@ void BorrowedKeys::assign(xcb_keycode_t key, xcb_keysym_t symbol) const {
     xcb_change_keyboard_mapping(connection_.xcb(), 1, key, symbols.size(), symbols.data());
 }
 
-/// A program answers a ping when it comes to it, and that is after the keys. One that does not know pings
-/// gets the time.
-void waitUntilHandled(Connection& connection, xcb_window_t window, Connection::Deadline deadline) {
-    const auto now = std::chrono::steady_clock::now();
-    const auto stamp = static_cast<std::uint32_t>(now.time_since_epoch().count());
-    deadline = std::min(deadline, now + handlingPatience);
-    selectRootEvents(connection, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+/// A program answers a ping when it comes to it, and that is after the keys.
+bool waitUntilHandled(Connection& connection, xcb_window_t window, Connection::Deadline deadline) {
+    const auto stamp =
+        static_cast<std::uint32_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+    // The answer goes to who selects SubstructureNotify on the root; Qt 6 sends it to StructureNotify
+    // instead.
+    selectRootEvents(connection, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     sendPing(connection, window, stamp);
-    while (const Event event = connection.waitForEvent(deadline)) {
-        if (isAnswer(connection, *event, window, stamp)) {
+    bool answered = false;
+    while (!answered) {
+        const Event event = connection.waitForEvent(deadline);
+        if (event == nullptr) {
             break;
         }
+        answered = isAnswer(connection, *event, window, stamp);
     }
     selectRootEvents(connection, XCB_EVENT_MASK_NO_EVENT);
+    return answered;
 }
 
 } // namespace brivandel::x11

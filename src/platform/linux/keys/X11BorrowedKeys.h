@@ -30,8 +30,8 @@ private:
     std::vector<xcb_keycode_t> keys_;
 };
 
-/// Returns when the program of that window has handled all that was sent to it before, or shows no sign of it
-/// in time.
-void waitUntilHandled(Connection& connection, xcb_window_t window, Connection::Deadline deadline);
+/// Returns when the program of that window has handled all that was sent to it before; false when it gave no
+/// sign of that in time.
+bool waitUntilHandled(Connection& connection, xcb_window_t window, Connection::Deadline deadline);
 
 } // namespace brivandel::x11

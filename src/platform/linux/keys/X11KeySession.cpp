@@ -2,6 +2,8 @@
 
 #include "platform/linux/keys/X11HeldKeys.h"
 
+#include <algorithm>
+#include <chrono>
 #include <ranges>
 #include <utility>
 
@@ -26,6 +28,10 @@ public:
 private:
     const Connection& connection_;
 };
+
+/// How long a program may take to handle a few keys while they are borrowed. One that is slower, or knows no
+/// pings, may miss a character that its user's own keyboard could not type either.
+constexpr std::chrono::milliseconds handlingPatience{500};
 
 KeyFailure noSuchKey(const QString& sentence) {
     return {KeyFailure::Kind::NoSuchKey, sentence};
@@ -120,7 +126,8 @@ void Session::giveBack(BorrowedKeys& borrowed, Deadline deadline) {
         return;
     }
     if (const xcb_window_t receiver = windows_.focusedWindow(); receiver != XCB_NONE) {
-        waitUntilHandled(*connection_, receiver, deadline);
+        (void)waitUntilHandled(*connection_, receiver,
+                               std::min(deadline, std::chrono::steady_clock::now() + handlingPatience));
     }
     borrowed.putBack();
 }
