@@ -1,11 +1,15 @@
 #include "platform/linux/keys/X11BorrowedKeys.h"
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 
 namespace brivandel::x11 {
 
 namespace {
+
+/// Each key gets its symbol twice: alone, a letter would be given its other case on the second level, and a
+/// capital the first.
+constexpr std::uint8_t symbolsPerKey = 2;
 
 void sendPing(const Connection& connection, xcb_window_t window, std::uint32_t stamp) {
     xcb_client_message_event_t message{};
@@ -42,31 +46,28 @@ BorrowedKeys::~BorrowedKeys() {
 }
 
 void BorrowedKeys::putBack() {
-    for (const xcb_keycode_t key : keys_) {
-        assign(key, XCB_NO_SYMBOL);
+    if (isEmpty()) {
+        return;
     }
-    if (!keys_.empty()) {
-        connection_.sync();
-    }
-    keys_.clear();
+    assign(std::vector<xcb_keysym_t>(keys_.count * symbolsPerKey, XCB_NO_SYMBOL));
+    connection_.sync();
+    keys_ = {};
 }
 
-std::optional<xcb_keycode_t> BorrowedKeys::borrow(const Keymap& keymap, char32_t character) {
-    const xkb_keysym_t symbol = xkb_utf32_to_keysym(character);
-    const auto spare = keymap.spareKeys();
-    if (symbol == XKB_KEY_NoSymbol || spare.empty()) {
-        return std::nullopt;
+void BorrowedKeys::borrow(const Keymap& keymap, std::span<const char32_t> characters) {
+    const KeyRun spare = keymap.spareKeys();
+    std::vector<xcb_keysym_t> symbols;
+    for (const char32_t character : characters.first(std::min<std::size_t>(characters.size(), spare.count))) {
+        symbols.insert(symbols.end(), symbolsPerKey, xkb_utf32_to_keysym(character));
     }
-    keys_.push_back(spare.front());
-    assign(spare.front(), symbol);
-    return spare.front();
+    if (!symbols.empty()) {
+        keys_ = {.first = spare.first, .count = static_cast<std::uint8_t>(symbols.size() / symbolsPerKey)};
+        assign(symbols);
+    }
 }
 
-/// The same symbol twice: alone, a letter would be given its other case on the second level, and a capital
-/// the first.
-void BorrowedKeys::assign(xcb_keycode_t key, xcb_keysym_t symbol) const {
-    const std::array<xcb_keysym_t, 2> symbols{symbol, symbol};
-    xcb_change_keyboard_mapping(connection_.xcb(), 1, key, symbols.size(), symbols.data());
+void BorrowedKeys::assign(const std::vector<xcb_keysym_t>& symbols) const {
+    xcb_change_keyboard_mapping(connection_.xcb(), keys_.count, keys_.first, symbolsPerKey, symbols.data());
 }
 
 /// A program answers a ping when it comes to it, and that is after the keys.

@@ -3,7 +3,8 @@
 #include "platform/linux/keys/X11Connection.h"
 #include "platform/linux/keys/X11Keymap.h"
 
-#include <optional>
+#include <cstddef>
+#include <span>
 #include <vector>
 
 namespace brivandel::x11 {
@@ -18,16 +19,18 @@ public:
     BorrowedKeys(const BorrowedKeys&) = delete;
     BorrowedKeys& operator=(const BorrowedKeys&) = delete;
 
-    /// A key that types the character, without any modifier, from now on; none when no key is left.
-    [[nodiscard]] std::optional<xcb_keycode_t> borrow(const Keymap& keymap, char32_t character);
-    [[nodiscard]] bool isEmpty() const { return keys_.empty(); }
+    /// From now on there is a key for each of the characters, without any modifier, as far as there are
+    /// spare keys; the first characters go first. All with one request, since every change of the mapping
+    /// keeps each program of the desktop busy. What was borrowed before has to be put back first.
+    void borrow(const Keymap& keymap, std::span<const char32_t> characters);
+    [[nodiscard]] bool isEmpty() const { return keys_.count == 0; }
     void putBack();
 
 private:
-    void assign(xcb_keycode_t key, xcb_keysym_t symbol) const;
+    void assign(const std::vector<xcb_keysym_t>& symbols) const;
 
     const Connection& connection_;
-    std::vector<xcb_keycode_t> keys_;
+    KeyRun keys_;
 };
 
 /// Returns when the program of that window has handled all that was sent to it before; false when it gave no

@@ -143,9 +143,6 @@ SteadiedLocks::SteadiedLocks(const Connection& connection, const Keymap& keymap,
     }
     const std::uint8_t numLock = keymap.numLockMask();
     const auto wanted = static_cast<std::uint8_t>(needsNumLock ? numLock : state->lockedMods & numLock);
-    if (wanted == state->lockedMods && state->latchedMods == 0) {
-        return;
-    }
     lockedBefore_ = state->lockedMods;
     xcb_xkb_latch_lock_state(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, everyModifier, wanted, 0, 0,
                              everyModifier, 0, 0);

@@ -39,7 +39,8 @@ private:
 };
 
 /// Switches Caps Lock and its like off, and Num Lock on where the key needs it; puts the locks back at the
-/// end. A modifier that was latched (sticky keys) counts as used. Only inside a server grab.
+/// end, whatever the key did to them. A modifier that was latched (sticky keys) counts as used. Only inside a
+/// server grab.
 class SteadiedLocks {
 public:
     SteadiedLocks(const Connection& connection, const Keymap& keymap, bool needsNumLock);

@@ -29,17 +29,12 @@ private:
     const Connection& connection_;
 };
 
-/// How long a program may take to handle a few keys while they are borrowed. One that is slower, or knows no
+/// How long a program may take to handle the keys that were borrowed for it. One that is slower, or knows no
 /// pings, may miss a character that its user's own keyboard could not type either.
-constexpr std::chrono::milliseconds handlingPatience{500};
+constexpr std::chrono::seconds handlingPatience{1};
 
 KeyFailure noSuchKey(const QString& sentence) {
     return {KeyFailure::Kind::NoSuchKey, sentence};
-}
-
-/// Of the characters that end lines the keyboard has one.
-char32_t asTyped(char32_t character) {
-    return character == U'\n' ? U'\r' : character;
 }
 
 } // namespace
@@ -90,35 +85,57 @@ std::optional<KeyFailure> Session::typeText(KeyTarget target, const QString& tex
                                             Deadline deadline) {
     const Connection::Bound bound(*connection_, deadline);
     BorrowedKeys borrowed(*connection_);
-    auto failure = typeCharacters(targets_.at(target.id), text, modifiers, borrowed, deadline);
+    auto characters = text.toUcs4();
+    std::ranges::replace(characters, uint{U'\n'},
+                         uint{U'\r'}); // of the two that end lines, the one with a key
+    const std::vector<char32_t> toType(characters.begin(), characters.end());
+    auto failure = typeCharacters(targets_.at(target.id), toType, modifiers, borrowed, deadline);
     giveBack(borrowed, deadline);
     auto lost = connection_->lost(deadline);
     return lost ? lost : failure;
 }
 
-std::optional<KeyFailure> Session::typeCharacters(const WindowOwner& target, const QString& text,
+std::optional<KeyFailure> Session::typeCharacters(const WindowOwner& target,
+                                                  std::span<const char32_t> characters,
                                                   KeyModifiers modifiers, BorrowedKeys& borrowed,
                                                   Deadline deadline) {
-    for (const char32_t character : text.toUcs4()) {
-        const auto press = [&](const Keymap& keymap) -> Press {
-            if (auto fromLayout = keymap.pressForCharacter(asTyped(character), modifiers)) {
-                return std::move(*fromLayout);
-            }
-            if (const auto key = borrowed.borrow(keymap, character)) {
-                return keymap.press(*key, modifiers);
-            }
-            return noSuchKey(QStringLiteral("“%1” can’t be typed.").arg(QString::fromUcs4(&character, 1)));
+    for (; !characters.empty(); characters = characters.subspan(1)) {
+        const auto type = [&] {
+            return tap(target, [&](const Keymap& keymap) -> Press {
+                if (auto press = keymap.pressForCharacter(characters.front(), modifiers)) {
+                    return std::move(*press);
+                }
+                return noSuchKey(
+                    QStringLiteral("“%1” can’t be typed.").arg(QString::fromUcs4(characters.data(), 1)));
+            });
         };
-        auto failure = tap(target, press);
-        if (failure && failure->kind == KeyFailure::Kind::NoSuchKey && !borrowed.isEmpty()) {
+        auto failure = type();
+        if (failure && failure->kind == KeyFailure::Kind::NoSuchKey) {
+            // Keys lent to characters before this one are free again once those have arrived.
             giveBack(borrowed, deadline);
-            failure = tap(target, press);
+            borrowFor(characters, borrowed);
+            failure = type();
         }
         if (failure) {
             return failure;
         }
     }
     return std::nullopt;
+}
+
+/// For all that is still to be typed and that the layout lacks, each character once.
+void Session::borrowFor(std::span<const char32_t> characters, BorrowedKeys& borrowed) {
+    if (!refreshKeymap()) {
+        return;
+    }
+    std::vector<char32_t> missing;
+    for (const char32_t character : characters) {
+        if (!keymap_->pressForCharacter(character, {}) &&
+            std::ranges::find(missing, character) == missing.end()) {
+            missing.push_back(character);
+        }
+    }
+    borrowed.borrow(*keymap_, missing);
 }
 
 void Session::giveBack(BorrowedKeys& borrowed, Deadline deadline) {

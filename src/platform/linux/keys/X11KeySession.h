@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <variant>
 #include <vector>
 
@@ -32,9 +33,11 @@ private:
 
     template <class Choose>
     [[nodiscard]] std::optional<KeyFailure> tap(const WindowOwner& target, Choose choosePress);
-    [[nodiscard]] std::optional<KeyFailure> typeCharacters(const WindowOwner& target, const QString& text,
+    [[nodiscard]] std::optional<KeyFailure> typeCharacters(const WindowOwner& target,
+                                                           std::span<const char32_t> characters,
                                                            KeyModifiers modifiers, BorrowedKeys& borrowed,
                                                            Deadline deadline);
+    void borrowFor(std::span<const char32_t> characters, BorrowedKeys& borrowed);
     [[nodiscard]] std::optional<KeyFailure> focusFailure(const WindowOwner& target) const;
     [[nodiscard]] bool isKeyboardHeld() const;
     [[nodiscard]] bool refreshKeymap();

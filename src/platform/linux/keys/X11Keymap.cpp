@@ -79,8 +79,9 @@ std::optional<KeyPress> Keymap::pressForKeyCode(std::uint16_t virtualKeyCode, Ke
         key > UINT8_MAX) {
         return std::nullopt;
     }
-    KeyPress result = press(static_cast<xcb_keycode_t>(key), modifiers);
-    result.needsNumLock = isKeypadDigit(*evdevCode);
+    KeyPress result{
+        .key = static_cast<xcb_keycode_t>(key), .held = {}, .needsNumLock = isKeypadDigit(*evdevCode)};
+    hold(result, modifiers);
     return result;
 }
 
@@ -109,12 +110,6 @@ std::optional<KeyPress> Keymap::pressForCharacter(char32_t character, KeyModifie
         hold(*best, modifiers);
     }
     return best;
-}
-
-KeyPress Keymap::press(xcb_keycode_t key, KeyModifiers modifiers) const {
-    KeyPress result{.key = key, .held = {}};
-    hold(result, modifiers);
-    return result;
 }
 
 void Keymap::hold(KeyPress& press, KeyModifiers modifiers) const {
@@ -194,15 +189,24 @@ xkb_keysym_t Keymap::symbol(xkb_keycode_t key, xkb_layout_index_t layout, xkb_le
     return count == 1 ? *symbols : static_cast<xkb_keysym_t>(XKB_KEY_NoSymbol);
 }
 
-std::vector<xcb_keycode_t> Keymap::spareKeys() const {
-    std::vector<xcb_keycode_t> spare;
-    for (xkb_keycode_t key = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap_.get()), UINT8_MAX);
-         key >= xkb_keymap_min_keycode(keymap_.get()); --key) {
-        if (xkb_keymap_num_layouts_for_key(keymap_.get(), key) == 0) {
-            spare.push_back(static_cast<xcb_keycode_t>(key));
+KeyRun Keymap::spareKeys() const {
+    KeyRun longest;
+    KeyRun run;
+    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap_.get()), UINT8_MAX);
+    for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap_.get()); key <= last; ++key) {
+        if (xkb_keymap_num_layouts_for_key(keymap_.get(), key) != 0) {
+            run.count = 0;
+            continue;
+        }
+        if (run.count == 0) {
+            run.first = static_cast<xcb_keycode_t>(key);
+        }
+        ++run.count;
+        if (run.count > longest.count) {
+            longest = run;
         }
     }
-    return spare;
+    return longest;
 }
 
 bool Keymap::isLockKey(xcb_keycode_t key) const {

@@ -22,6 +22,12 @@ struct KeyPress {
     bool needsNumLock = false;
 };
 
+/// Neighbouring keys.
+struct KeyRun {
+    xcb_keycode_t first = 0;
+    std::uint8_t count = 0;
+};
+
 /// The keyboard as the display has it at one moment: what each key types, in which of its groups it is.
 class Keymap {
 public:
@@ -34,11 +40,8 @@ public:
     /// The key that types the character in the active group, with the Shift and the like that it takes. None
     /// when no key of the layout does.
     [[nodiscard]] std::optional<KeyPress> pressForCharacter(char32_t character, KeyModifiers modifiers) const;
-    /// As pressForKeyCode, for a key that the caller has chosen.
-    [[nodiscard]] KeyPress press(xcb_keycode_t key, KeyModifiers modifiers) const;
-
-    /// The keys without any symbol, highest first.
-    [[nodiscard]] std::vector<xcb_keycode_t> spareKeys() const;
+    /// The longest run of neighbouring keys without any symbol.
+    [[nodiscard]] KeyRun spareKeys() const;
     /// Whether the key switches a lock: to press it again does not undo it.
     [[nodiscard]] bool isLockKey(xcb_keycode_t key) const;
     [[nodiscard]] std::uint8_t numLockMask() const;

@@ -12,8 +12,8 @@ class TextTest : public DesktopTest {
 protected:
     /// What a window gets of a text.
     QString typed(const QString& text) {
-        const KeyWindowProcess window;
-        return typedInto(const_cast<KeyWindowProcess&>(window), text);
+        KeyWindowProcess window;
+        return typedInto(window, text);
     }
     QString typedInto(KeyWindowProcess& window, const QString& text) {
         const OpenTarget open = openTarget();
