@@ -4,7 +4,9 @@
 
 namespace brivandel {
 
-AudioFormat AudioSource::format() const { return {.sampleRateHz = sampleRateHz, .channelCount = channelMap.channels}; }
+AudioFormat AudioSource::format() const {
+    return {.sampleRateHz = sampleRateHz, .channelCount = channelMap.channels};
+}
 
 bool AudioSource::operator==(const AudioSource& other) const {
     return uid == other.uid && description == other.description && sampleRateHz == other.sampleRateHz &&

@@ -7,14 +7,18 @@ namespace brivandel {
 
 BlockSplitter::BlockSplitter(double sampleRateHz, std::uint32_t channelCount, std::uint32_t blockFrames,
                              Deliver deliver)
-    : sampleRateHz_(sampleRateHz), channelCount_(channelCount), blockFrames_(std::max(blockFrames, 1U))
-    , deliver_(std::move(deliver)), samples_(std::size_t{channelCount_} * blockFrames_) {
+    : sampleRateHz_(sampleRateHz)
+    , channelCount_(channelCount)
+    , blockFrames_(std::max(blockFrames, 1U))
+    , deliver_(std::move(deliver))
+    , samples_(std::size_t{channelCount_} * blockFrames_) {
     for (std::size_t channel = 0; channel < channelCount_; ++channel) {
         channels_.push_back(samples_.data() + channel * blockFrames_);
     }
 }
 
-template <typename Fill> void BlockSplitter::fillBlocks(std::size_t frameCount, Fill fill) {
+template <typename Fill>
+void BlockSplitter::fillBlocks(std::size_t frameCount, Fill fill) {
     for (std::size_t done = 0; done < frameCount;) {
         const auto frames = std::min<std::size_t>(frameCount - done, blockFrames_ - filledFrames_);
         for (std::size_t channel = 0; channel < channelCount_; ++channel) {
@@ -30,12 +34,13 @@ template <typename Fill> void BlockSplitter::fillBlocks(std::size_t frameCount, 
 }
 
 void BlockSplitter::push(const float* interleaved, std::size_t frameCount) {
-    fillBlocks(frameCount, [&](float* target, std::size_t channel, std::size_t firstFrame, std::size_t frames) {
-        const float* source = interleaved + firstFrame * channelCount_ + channel;
-        for (std::size_t frame = 0; frame < frames; ++frame) {
-            target[frame] = source[frame * channelCount_];
-        }
-    });
+    fillBlocks(frameCount,
+               [&](float* target, std::size_t channel, std::size_t firstFrame, std::size_t frames) {
+                   const float* source = interleaved + firstFrame * channelCount_ + channel;
+                   for (std::size_t frame = 0; frame < frames; ++frame) {
+                       target[frame] = source[frame * channelCount_];
+                   }
+               });
 }
 
 void BlockSplitter::pushSilence(std::size_t frameCount) {
@@ -44,6 +49,8 @@ void BlockSplitter::pushSilence(std::size_t frameCount) {
     });
 }
 
-void BlockSplitter::reset() { filledFrames_ = 0; }
+void BlockSplitter::reset() {
+    filledFrames_ = 0;
+}
 
 } // namespace brivandel

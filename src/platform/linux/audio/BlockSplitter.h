@@ -9,13 +9,14 @@
 
 namespace brivandel {
 
-/// Turns a stream of interleaved samples in pieces of any size into blocks of one size, one array a channel. Memory is
-/// taken when it is made and never again.
+/// Turns a stream of interleaved samples in pieces of any size into blocks of one size, one array a channel.
+/// Memory is taken when it is made and never again.
 class BlockSplitter {
 public:
     using Deliver = std::function<void(const AudioBuffer&)>;
 
-    BlockSplitter(double sampleRateHz, std::uint32_t channelCount, std::uint32_t blockFrames, Deliver deliver);
+    BlockSplitter(double sampleRateHz, std::uint32_t channelCount, std::uint32_t blockFrames,
+                  Deliver deliver);
 
     /// Delivers each block that these frames fill, before it returns; the rest waits for more.
     void push(const float* interleaved, std::size_t frameCount);
@@ -25,7 +26,8 @@ public:
     void reset();
 
 private:
-    template <typename Fill> void fillBlocks(std::size_t frameCount, Fill fill);
+    template <typename Fill>
+    void fillBlocks(std::size_t frameCount, Fill fill);
 
     double sampleRateHz_;
     std::uint32_t channelCount_;

@@ -1,7 +1,8 @@
 #include "platform/linux/audio/CaptureStream.h"
 
+#include "platform/linux/audio/PulseOperation.h"
+
 #include <pulse/error.h>
-#include <pulse/operation.h>
 
 #include <utility>
 
@@ -16,10 +17,12 @@ void CaptureStream::Release::operator()(pa_stream* stream) const {
 
 CaptureStream::CaptureStream(PulseAudioContext& context, AudioSource source, std::uint32_t blockFrames,
                              BlockSplitter::Deliver deliver, Ended ended)
-    : source_(std::move(source)), blockFrames_(blockFrames)
+    : source_(std::move(source))
+    , blockFrames_(blockFrames)
     , frameSizeBytes_(std::size_t{source_.channelMap.channels} * sizeof(float))
     , splitter_(source_.sampleRateHz, source_.channelMap.channels, blockFrames, std::move(deliver))
-    , ended_(std::move(ended)), context_(context.native()) {
+    , ended_(std::move(ended))
+    , context_(context.native()) {
     connect();
 }
 
@@ -35,9 +38,11 @@ void CaptureStream::connect() {
         return;
     }
     pa_stream_set_state_callback(
-        stream_.get(), [](pa_stream*, void* self) { static_cast<CaptureStream*>(self)->stateChanged(); }, this);
+        stream_.get(), [](pa_stream*, void* self) { static_cast<CaptureStream*>(self)->stateChanged(); },
+        this);
     pa_stream_set_read_callback(
-        stream_.get(), [](pa_stream*, std::size_t, void* self) { static_cast<CaptureStream*>(self)->read(); }, this);
+        stream_.get(), [](pa_stream*, std::size_t, void* self) { static_cast<CaptureStream*>(self)->read(); },
+        this);
 
     constexpr auto serversChoice = static_cast<std::uint32_t>(-1);
     const pa_buffer_attr buffering{.maxlength = serversChoice,
@@ -60,8 +65,8 @@ void CaptureStream::stateChanged() {
 
 void CaptureStream::fail(int error) {
     if (!problem_) {
-        problem_ = QStringLiteral("Capture from \"%1\" ended: %2").arg(source_.description,
-                                                                       QString::fromUtf8(pa_strerror(error)));
+        problem_ = QStringLiteral("Capture from \"%1\" ended: %2")
+                       .arg(source_.description, QString::fromUtf8(pa_strerror(error)));
         ended_(*problem_);
     }
 }
@@ -86,20 +91,16 @@ void CaptureStream::read() {
 void CaptureStream::suspend() {
     if (!std::exchange(isSuspended_, true)) {
         splitter_.reset();
-        setCorked(true);
+        // A stream that is not ready yet cannot be told; it is read and thrown away until it is closed.
+        leaveRunning(pa_stream_cork(stream_.get(), 1, nullptr, nullptr));
     }
 }
 
 void CaptureStream::resume() {
     if (std::exchange(isSuspended_, false)) {
-        setCorked(false);
-    }
-}
-
-void CaptureStream::setCorked(bool corked) {
-    // A stream that is not ready yet cannot be told; suspended, it is read and thrown away until it is closed.
-    if (pa_operation* operation = pa_stream_cork(stream_.get(), corked ? 1 : 0, nullptr, nullptr)) {
-        pa_operation_unref(operation);
+        // What waits on the way is from before the pause.
+        leaveRunning(pa_stream_flush(stream_.get(), nullptr, nullptr));
+        leaveRunning(pa_stream_cork(stream_.get(), 0, nullptr, nullptr));
     }
 }
 

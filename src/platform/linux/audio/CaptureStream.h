@@ -11,8 +11,9 @@
 
 namespace brivandel {
 
-/// A recording of one source, tied to that source: it ends with it and never moves to another. It asks for the source's
-/// own rate and channel map, so that the server neither mixes nor reorders. All under the loop's lock.
+/// A recording of one source, tied to that source: it ends with it and never moves to another. It asks for
+/// the source's own rate and channel map, so that the server neither mixes nor reorders. All under the loop's
+/// lock.
 class CaptureStream {
 public:
     /// Called when the recording has ended by itself; may not destroy the stream.
@@ -42,7 +43,6 @@ private:
     void stateChanged();
     void read();
     void fail(int error);
-    void setCorked(bool corked);
 
     AudioSource source_;
     std::uint32_t blockFrames_;

@@ -6,9 +6,13 @@
 
 namespace brivandel {
 
-LoopTimer::LoopTimer(PulseAudioLoop& loop, std::function<void()> fire) : loop_(loop), fire_(std::move(fire)) {}
+LoopTimer::LoopTimer(PulseAudioLoop& loop, std::function<void()> fire)
+    : loop_(loop)
+    , fire_(std::move(fire)) {}
 
-LoopTimer::~LoopTimer() { cancel(); }
+LoopTimer::~LoopTimer() {
+    cancel();
+}
 
 void LoopTimer::start(std::chrono::milliseconds delay) {
     cancel();
@@ -17,7 +21,8 @@ void LoopTimer::start(std::chrono::milliseconds delay) {
         timer.cancel();
         timer.fire_();
     };
-    // The loop turns the time of day into its monotonic clock right here, so a clock that is set later changes nothing.
+    // The loop turns the time of day into its monotonic clock right here, so a clock that is set later
+    // changes nothing.
     timeval due{};
     pa_gettimeofday(&due);
     pa_timeval_add(&due, static_cast<pa_usec_t>(std::chrono::microseconds(delay).count()));

@@ -9,7 +9,8 @@
 
 namespace brivandel {
 
-/// Runs a callback on the loop's thread once a delay has passed. All of it, destruction too, under the loop's lock.
+/// Runs a callback on the loop's thread once a delay has passed. All of it, destruction too, under the loop's
+/// lock.
 class LoopTimer {
 public:
     LoopTimer(PulseAudioLoop& loop, std::function<void()> fire);

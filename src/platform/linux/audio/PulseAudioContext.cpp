@@ -1,7 +1,8 @@
 #include "platform/linux/audio/PulseAudioContext.h"
 
+#include "platform/linux/audio/PulseOperation.h"
+
 #include <pulse/error.h>
-#include <pulse/operation.h>
 #include <pulse/proplist.h>
 #include <pulse/subscribe.h>
 
@@ -16,17 +17,12 @@ struct FreeProperties {
     void operator()(pa_proplist* properties) const { pa_proplist_free(properties); }
 };
 
-/// The operation goes on without us; its callback tells when it is done.
-void leaveRunning(pa_operation* operation) {
-    if (operation != nullptr) {
-        pa_operation_unref(operation);
-    }
-}
-
 } // namespace
 
-PulseAudioContext::Subscription::Subscription(PulseAudioContext& context, std::list<Observer>::iterator observer)
-    : context_(context), observer_(observer) {}
+PulseAudioContext::Subscription::Subscription(PulseAudioContext& context,
+                                              std::list<Observer>::iterator observer)
+    : context_(context)
+    , observer_(observer) {}
 
 PulseAudioContext::Subscription::~Subscription() {
     const PulseAudioLoop::Lock lock(context_.loop_);
@@ -74,7 +70,8 @@ const AudioServer& PulseAudioContext::awaitServer(const PulseAudioLoop::Lock& lo
 }
 
 std::optional<QString> PulseAudioContext::uidForDeviceID(AudioDeviceID deviceID) const {
-    const auto found = std::ranges::find(deviceIDs_, deviceID, [](const auto& entry) { return entry.second; });
+    const auto found =
+        std::ranges::find(deviceIDs_, deviceID, [](const auto& entry) { return entry.second; });
     return found == deviceIDs_.end() ? std::nullopt : std::optional(found->first);
 }
 
@@ -86,8 +83,8 @@ void PulseAudioContext::connect() {
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "brivandel");
     context_.reset(pa_context_new_with_proplist(&loop_.api(), "Brivandel", properties.get()));
     pa_context_set_state_callback(
-        context_.get(), [](pa_context*, void* self) { static_cast<PulseAudioContext*>(self)->contextStateChanged(); },
-        this);
+        context_.get(),
+        [](pa_context*, void* self) { static_cast<PulseAudioContext*>(self)->contextStateChanged(); }, this);
     if (pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
         connectionLost(pa_context_errno(context_.get()));
     }
@@ -104,8 +101,8 @@ void PulseAudioContext::contextStateChanged() {
             this);
         leaveRunning(pa_context_subscribe(
             context_.get(),
-            static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER), nullptr,
-            nullptr));
+            static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER),
+            nullptr, nullptr));
         refresh();
         break;
     case PA_CONTEXT_FAILED:

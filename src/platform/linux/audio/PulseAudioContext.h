@@ -16,8 +16,9 @@
 
 namespace brivandel {
 
-/// The one connection to the sound server (PulseAudio, or PipeWire, which speaks its protocol). It stays up, comes back by
-/// itself after the server went, and keeps what the server offers up to date, so that asking costs nothing.
+/// The one connection to the sound server (PulseAudio, or PipeWire, which speaks its protocol). It stays up,
+/// comes back by itself after the server went, and keeps what the server offers up to date, so that asking
+/// costs nothing.
 class PulseAudioContext {
 public:
     /// Called on the loop's thread, under its lock: post and return; nothing of this class may be called.
@@ -36,7 +37,8 @@ public:
         std::list<Observer>::iterator observer_;
     };
 
-    /// The very first answer of a server may take this long; it mostly takes 5 ms, and is asked for at construction.
+    /// The very first answer of a server may take this long; it mostly takes 5 ms, and is asked for at
+    /// construction.
     static constexpr std::chrono::milliseconds firstPatience{300};
     /// Later on the caller has other things to do.
     static constexpr std::chrono::milliseconds laterPatience{40};
@@ -49,11 +51,11 @@ public:
     PulseAudioContext(const PulseAudioContext&) = delete;
     PulseAudioContext& operator=(const PulseAudioContext&) = delete;
 
-    /// What the server offers now. Waits, no longer than the patience above, only while there is no connection. Any thread
-    /// but the loop's.
+    /// What the server offers now. Waits, no longer than the patience above, only while there is no
+    /// connection. Any thread but the loop's.
     [[nodiscard]] AudioServer server();
-    /// Has the observer called whenever what server() tells has changed: a device or the server came, went or changed, or
-    /// another source is the default.
+    /// Has the observer called whenever what server() tells has changed: a device or the server came, went or
+    /// changed, or another source is the default.
     [[nodiscard]] std::unique_ptr<Subscription> observe(Observer changed);
 
     /// For the classes that capture; each of these under the lock.

@@ -5,7 +5,9 @@
 namespace brivandel {
 
 PulseAudioEngine::PulseAudioEngine(PulseAudioContext& context, CaptureEnded captureEnded)
-    : context_(context), captureEnded_(std::move(captureEnded)), close_(context.loop(), [this] { stream_.reset(); })
+    : context_(context)
+    , captureEnded_(std::move(captureEnded))
+    , close_(context.loop(), [this] { stream_.reset(); })
     , subscription_(context.observe([this] { followDefault(); })) {}
 
 PulseAudioEngine::~PulseAudioEngine() {
@@ -21,7 +23,8 @@ AudioFormat PulseAudioEngine::inputFormat() {
     return input != nullptr ? input->format() : AudioFormat{.sampleRateHz = 0, .channelCount = 0};
 }
 
-void PulseAudioEngine::installTap(std::uint32_t bufferSizeFrames, const AudioFormat& /*format*/, TapBlock block) {
+void PulseAudioEngine::installTap(std::uint32_t bufferSizeFrames, const AudioFormat& /*format*/,
+                                  TapBlock block) {
     std::optional<Tap> tap(Tap{bufferSizeFrames, std::move(block)});
     const PulseAudioLoop::Lock lock(context_.loop());
     if (!tap_ || tap_->bufferSizeFrames != bufferSizeFrames) {

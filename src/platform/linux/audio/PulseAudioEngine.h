@@ -11,18 +11,21 @@
 
 namespace brivandel {
 
-/// Captures from one source of the sound server, in its own rate and channels. A chosen device that goes ends the capture;
-/// with none chosen, the default source is followed, also while running. The tap runs on the context's loop under its
-/// lock, and this class adds no lock of its own. Capture that has ended is not taken up again before the next start().
+/// Captures from one source of the sound server, in its own rate and channels. A chosen device that goes ends
+/// the capture; with none chosen, the default source is followed, also while running. The tap runs on the
+/// context's loop under its lock, and this class adds no lock of its own. Capture that has ended is not taken
+/// up again before the next start().
 class PulseAudioEngine final : public AudioEngine {
 public:
-    /// Called when capture that was to run has ended or cannot go on. Any thread, under the lock: post and return.
+    /// Called when capture that was to run has ended or cannot go on. Any thread, under the lock: post and
+    /// return.
     using CaptureEnded = std::function<void(const QString& reason)>;
 
-    /// What setInputDevice() returns for an identifier that stands for no device: the four-character code '!dev'.
+    /// What setInputDevice() returns for an identifier that stands for no device: the four-character code
+    /// '!dev'.
     static constexpr std::int32_t badDeviceStatus = 0x21646576;
-    /// A stopped stream is closed after this time unless it is started again. A restart of recognition waits 1 second at the
-    /// longest, and a real stop must put out the desktop's microphone sign soon.
+    /// A stopped stream is closed after this time unless it is started again. A restart of recognition waits
+    /// 1 second at the longest, and a real stop must put out the desktop's microphone sign soon.
     static constexpr std::chrono::milliseconds closeDelay{1500};
 
     explicit PulseAudioEngine(PulseAudioContext& context, CaptureEnded captureEnded = {});
@@ -30,7 +33,8 @@ public:
 
     /// No rate and no channels when there is no input.
     [[nodiscard]] AudioFormat inputFormat() override;
-    /// The sound comes in the input's own format, which may change with the default source: each buffer tells its rate.
+    /// The sound comes in the input's own format, which may change with the default source: each buffer tells
+    /// its rate.
     void installTap(std::uint32_t bufferSizeFrames, const AudioFormat& format, TapBlock block) override;
     void removeTap() override;
 

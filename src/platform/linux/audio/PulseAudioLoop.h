@@ -8,8 +8,9 @@
 
 namespace brivandel {
 
-/// The thread on which libpulse does its work: connections, lists, and captured sound. It holds its lock while a callback
-/// runs, so whoever holds the lock knows that none does. The lock passes its priority on, and is held for microseconds.
+/// The thread on which libpulse does its work: connections, lists, and captured sound. It holds its lock
+/// while a callback runs, so whoever holds the lock knows that none does. The lock passes its priority on,
+/// and is held for microseconds.
 class PulseAudioLoop {
 public:
     /// Keeps every callback of the loop from running. Not from a callback, which runs under the lock already.
@@ -30,9 +31,10 @@ public:
     PulseAudioLoop& operator=(const PulseAudioLoop&) = delete;
 
     [[nodiscard]] pa_mainloop_api& api() const;
-    /// Lets callbacks run until the condition holds, or the patience is at an end. Asks again after each wake().
-    /// With the lock held; not on the loop's thread.
-    void waitUntil(const Lock& lock, std::chrono::milliseconds patience, const std::function<bool()>& condition);
+    /// Lets callbacks run until the condition holds, or the patience is at an end. Asks again after each
+    /// wake(). With the lock held; not on the loop's thread.
+    void waitUntil(const Lock& lock, std::chrono::milliseconds patience,
+                   const std::function<bool()>& condition);
     /// Has waitUntil() ask again. From a callback.
     void wake();
 

@@ -24,7 +24,9 @@ void report(const char* what, std::vector<double> milliseconds) {
                 milliseconds.back());
 }
 
-double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+double processorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
 
 } // namespace
 
@@ -32,7 +34,8 @@ int main() {
     const auto connecting = Clock::now();
     PulseAudioContext context;
     const QString name = context.server().name;
-    std::printf("%s: connected, lists there after %.1f ms\n", qPrintable(name), millisecondsSince(connecting));
+    std::printf("%s: connected, lists there after %.1f ms\n", qPrintable(name),
+                millisecondsSince(connecting));
 
     constexpr int rounds = 7;
     BlockCollector blocks;
@@ -69,7 +72,8 @@ int main() {
     const double processor = processorSeconds();
     blocks.next(480, 20s);
     std::printf("capture at 48 kHz costs %.2f %% of one core (%.0f s measured)\n",
-                100'000 * (processorSeconds() - processor) / millisecondsSince(wall), millisecondsSince(wall) / 1000);
+                100'000 * (processorSeconds() - processor) / millisecondsSince(wall),
+                millisecondsSince(wall) / 1000);
 
     ContextWatch watch(context);
     stopServer();
@@ -81,6 +85,6 @@ int main() {
     const double back = millisecondsSince(ready);
     std::ignore = engine.start();
     blocks.next(1, 10s);
-    std::printf("server back: known %s%.1f ms after it was ready, first block after %.1f ms\n", isBack ? "" : "NOT ",
-                back, millisecondsSince(ready));
+    std::printf("server back: known %s%.1f ms after it was ready, first block after %.1f ms\n",
+                isBack ? "" : "NOT ", back, millisecondsSince(ready));
 }

@@ -19,7 +19,8 @@ AudioEngine::TapBlock BlockCollector::tap() {
     };
 }
 
-std::vector<BlockCollector::Block> BlockCollector::next(std::size_t count, std::chrono::milliseconds patience) {
+std::vector<BlockCollector::Block> BlockCollector::next(std::size_t count,
+                                                        std::chrono::milliseconds patience) {
     std::unique_lock lock(mutex_);
     blocks_.clear();
     arrived_.wait_for(lock, patience, [&] { return blocks_.size() >= count; });

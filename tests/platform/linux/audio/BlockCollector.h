@@ -34,9 +34,11 @@ private:
 };
 
 /// Joins one channel of the blocks into one piece.
-[[nodiscard]] std::vector<float> channelOf(const std::vector<BlockCollector::Block>& blocks, std::size_t channel);
+[[nodiscard]] std::vector<float> channelOf(const std::vector<BlockCollector::Block>& blocks,
+                                           std::size_t channel);
 
 /// The amplitude of the tone of that frequency in the samples.
-[[nodiscard]] double toneAmplitude(const std::vector<float>& samples, double frequencyHz, double sampleRateHz);
+[[nodiscard]] double toneAmplitude(const std::vector<float>& samples, double frequencyHz,
+                                   double sampleRateHz);
 
 } // namespace brivandel

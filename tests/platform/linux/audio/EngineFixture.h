@@ -39,7 +39,8 @@ protected:
         return blocks;
     }
 
-    /// Whether the tone is in the channel of what is captured, within the patience: it takes a while to get through.
+    /// Whether the tone is in the channel of what is captured, within the patience: it takes a while to get
+    /// through.
     testing::AssertionResult hears(double frequencyHz, std::size_t channel = 0) {
         const auto deadline = std::chrono::steady_clock::now() + patience;
         double amplitude = 0;
@@ -53,7 +54,8 @@ protected:
                 return testing::AssertionSuccess();
             }
         } while (std::chrono::steady_clock::now() < deadline);
-        return testing::AssertionFailure() << "the tone of " << frequencyHz << " Hz came with amplitude " << amplitude;
+        return testing::AssertionFailure()
+               << "the tone of " << frequencyHz << " Hz came with amplitude " << amplitude;
     }
 
     std::atomic<int> endedCount_ = 0;

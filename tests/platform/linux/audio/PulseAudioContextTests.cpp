@@ -11,7 +11,8 @@ TEST(PulseAudioContext, FirstQuestion_WaitsForTheServer) {
     const AudioServer server = context.server();
     EXPECT_TRUE(server.isConnected);
     EXPECT_EQ(server.defaultSourceUid, QStringLiteral("vmic"));
-    EXPECT_TRUE(server.name.contains(QStringLiteral("pulseaudio"), Qt::CaseInsensitive)) << server.name.toStdString();
+    EXPECT_TRUE(server.name.contains(QStringLiteral("pulseaudio"), Qt::CaseInsensitive))
+        << server.name.toStdString();
     EXPECT_TRUE(server.hasMicrophone());
 }
 

@@ -57,8 +57,8 @@ TEST_F(PulseAudioRecoveryTest, DefaultChangesWhileRunning_IsFollowed) {
     EXPECT_EQ(engine_.inputFormat().channelCount, 6U);
 
     pactl({QStringLiteral("set-default-source"), QStringLiteral("vmic")});
-    EXPECT_TRUE(
-        watch_.waitUntil([](const AudioServer& server) { return server.defaultSourceUid == QStringLiteral("vmic"); }));
+    EXPECT_TRUE(watch_.waitUntil(
+        [](const AudioServer& server) { return server.defaultSourceUid == QStringLiteral("vmic"); }));
     EXPECT_TRUE(hears(440));
 }
 
@@ -73,8 +73,8 @@ TEST_F(PulseAudioRecoveryTest, DefaultChangesWhileADeviceIsChosen_IsNotFollowed)
     EXPECT_TRUE(hears(440));
     EXPECT_EQ(engine_.inputFormat().channelCount, 1U);
     pactl({QStringLiteral("set-default-source"), QStringLiteral("vmic")});
-    EXPECT_TRUE(
-        watch_.waitUntil([](const AudioServer& server) { return server.defaultSourceUid == QStringLiteral("vmic"); }));
+    EXPECT_TRUE(watch_.waitUntil(
+        [](const AudioServer& server) { return server.defaultSourceUid == QStringLiteral("vmic"); }));
 }
 
 TEST_F(PulseAudioRecoveryTest, ServerKilledAndBack_ContextReconnectsAndStartWorks) {

@@ -17,31 +17,43 @@ QString run(const QString& program, const QStringList& arguments) {
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
-QString control() { return qEnvironmentVariable("AUDIO_SERVER_CONTROL"); }
+QString control() {
+    return qEnvironmentVariable("AUDIO_SERVER_CONTROL");
+}
 
 } // namespace
 
-QString pactl(const QStringList& arguments) { return run(QStringLiteral("pactl"), arguments); }
+QString pactl(const QStringList& arguments) {
+    return run(QStringLiteral("pactl"), arguments);
+}
 
-void stopServer() { run(control(), {QStringLiteral("--stop")}); }
+void stopServer() {
+    run(control(), {QStringLiteral("--stop")});
+}
 
-void startServer() { run(control(), {QStringLiteral("--start")}); }
+void startServer() {
+    run(control(), {QStringLiteral("--start")});
+}
 
 QString plugInMicrophone(const QString& name, const QString& master) {
     return pactl({QStringLiteral("load-module"), QStringLiteral("module-remap-source"),
                   QStringLiteral("source_name=") + name, QStringLiteral("master=") + master,
-                  QStringLiteral("channels=1"), QStringLiteral("channel_map=mono"), QStringLiteral("remix=no"),
+                  QStringLiteral("channels=1"), QStringLiteral("channel_map=mono"),
+                  QStringLiteral("remix=no"),
                   QStringLiteral("source_properties=device.description=Plugged_") + name});
 }
 
-void unplug(const QString& module) { pactl({QStringLiteral("unload-module"), module}); }
+void unplug(const QString& module) {
+    pactl({QStringLiteral("unload-module"), module});
+}
 
 ContextWatch::ContextWatch(PulseAudioContext& context)
-    : context_(context), subscription_(context.observe([this] {
-          const std::lock_guard lock(mutex_);
-          ++changeCount_;
-          changed_.notify_all();
-      })) {}
+    : context_(context)
+    , subscription_(context.observe([this] {
+        const std::lock_guard lock(mutex_);
+        ++changeCount_;
+        changed_.notify_all();
+    })) {}
 
 bool ContextWatch::waitUntil(const std::function<bool(const AudioServer&)>& condition,
                              std::chrono::milliseconds patience) {

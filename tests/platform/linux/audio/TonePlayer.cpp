@@ -11,7 +11,8 @@ namespace brivandel {
 
 TonePlayer::TonePlayer(const QString& sink, const pa_channel_map& map, std::uint32_t sampleRateHz,
                        std::vector<double> frequenciesHz)
-    : frequenciesHz_(std::move(frequenciesHz)), sampleRateHz_(sampleRateHz) {
+    : frequenciesHz_(std::move(frequenciesHz))
+    , sampleRateHz_(sampleRateHz) {
     using std::chrono_literals::operator""s;
     const PulseAudioLoop::Lock lock(loop_);
     const auto wake = [](auto*, void* self) { static_cast<TonePlayer*>(self)->loop_.wake(); };
@@ -29,14 +30,17 @@ TonePlayer::TonePlayer(const QString& sink, const pa_channel_map& map, std::uint
     stream_ = pa_stream_new(context_, "tone", &format, &map);
     pa_stream_set_state_callback(stream_, wake, this);
     pa_stream_set_write_callback(
-        stream_, [](pa_stream*, std::size_t byteCount, void* self) { static_cast<TonePlayer*>(self)->write(byteCount); },
+        stream_,
+        [](pa_stream*, std::size_t byteCount, void* self) {
+            static_cast<TonePlayer*>(self)->write(byteCount);
+        },
         this);
     constexpr auto serversChoice = static_cast<std::uint32_t>(-1);
     const auto latencyBytes = static_cast<std::uint32_t>(pa_usec_to_bytes(20'000, &format));
     const pa_buffer_attr buffering{serversChoice, latencyBytes, serversChoice, serversChoice, serversChoice};
     pa_stream_connect_playback(stream_, sink.toUtf8().constData(), &buffering,
-                               static_cast<pa_stream_flags_t>(PA_STREAM_ADJUST_LATENCY | PA_STREAM_DONT_MOVE), nullptr,
-                               nullptr);
+                               static_cast<pa_stream_flags_t>(PA_STREAM_ADJUST_LATENCY | PA_STREAM_DONT_MOVE),
+                               nullptr, nullptr);
     loop_.waitUntil(lock, 5s, [this] { return pa_stream_get_state(stream_) == PA_STREAM_READY; });
     EXPECT_EQ(pa_stream_get_state(stream_), PA_STREAM_READY) << "cannot play to " << sink.toStdString();
 }

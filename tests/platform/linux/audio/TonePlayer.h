@@ -14,7 +14,8 @@
 
 namespace brivandel {
 
-/// Plays an endless tone of its own frequency on each channel of a sink, at half of full scale, over its own connection.
+/// Plays an endless tone of its own frequency on each channel of a sink, at half of full scale, over its own
+/// connection.
 class TonePlayer {
 public:
     static constexpr double amplitude = 0.5;

@@ -33,13 +33,19 @@ private:
     QProcess process_;
 };
 
-QStringList shell(const QString& script) { return {QStringLiteral("bash"), QStringLiteral("-c"), script}; }
+QStringList shell(const QString& script) {
+    return {QStringLiteral("bash"), QStringLiteral("-c"), script};
+}
 
 } // namespace
 
 TEST(WithAudioServer, CommandEnds_ItsStatusIsTheResult) {
-    EXPECT_EQ(WithAudioServer(QStringList{QStringLiteral("pipewire")} + shell(QStringLiteral("exit 7"))).status(), 7);
-    EXPECT_EQ(WithAudioServer(QStringList{QStringLiteral("pulseaudio")} + shell(QStringLiteral("exit 0"))).status(), 0);
+    EXPECT_EQ(
+        WithAudioServer(QStringList{QStringLiteral("pipewire")} + shell(QStringLiteral("exit 7"))).status(),
+        7);
+    EXPECT_EQ(
+        WithAudioServer(QStringList{QStringLiteral("pulseaudio")} + shell(QStringLiteral("exit 0"))).status(),
+        0);
 }
 
 TEST(WithAudioServer, NoCommand_SaysSo) {
@@ -49,7 +55,8 @@ TEST(WithAudioServer, NoCommand_SaysSo) {
 }
 
 TEST(WithAudioServer, TwoAtOnce_HaveServersOfTheirOwn) {
-    const QStringList command = shell(QStringLiteral("echo $PULSE_SERVER; pactl list short sources | grep -c vmic"));
+    const QStringList command =
+        shell(QStringLiteral("echo $PULSE_SERVER; pactl list short sources | grep -c vmic"));
     WithAudioServer first(command);
     WithAudioServer second(command);
     EXPECT_NE(first.line(), second.line());
