@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/linux/audio/BlockSplitter.h"
+#include "platform/linux/audio/PulseAudioContext.h"
+
+#include <pulse/stream.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace brivandel {
+
+/// A recording of one source, tied to that source: it ends with it and never moves to another. It asks for
+/// the source's own rate and channel map, so that the server neither mixes nor reorders. All under the loop's
+/// lock.
+class CaptureStream {
+public:
+    /// Called when the recording has ended by itself; may not destroy the stream.
+    using Ended = std::function<void(const QString& reason)>;
+
+    /// Begins to record; blocks of blockFrames go to deliver on the loop's thread.
+    CaptureStream(PulseAudioContext& context, AudioSource source, std::uint32_t blockFrames,
+                  BlockSplitter::Deliver deliver, Ended ended);
+    ~CaptureStream();
+    CaptureStream(const CaptureStream&) = delete;
+    CaptureStream& operator=(const CaptureStream&) = delete;
+
+    /// What went wrong, once it has ended.
+    [[nodiscard]] const std::optional<QString>& problem() const { return problem_; }
+    [[nodiscard]] const AudioSource& source() const { return source_; }
+
+    /// Delivers nothing until resumed; the server records no more, either.
+    void suspend();
+    void resume();
+
+private:
+    struct Release {
+        void operator()(pa_stream* stream) const;
+    };
+
+    void connect();
+    void stateChanged();
+    void read();
+    void fail(int error);
+
+    AudioSource source_;
+    std::uint32_t blockFrames_;
+    std::size_t frameSizeBytes_;
+    BlockSplitter splitter_;
+    Ended ended_;
+    bool isSuspended_ = false;
+    std::optional<QString> problem_;
+    pa_context* context_;
+    std::unique_ptr<pa_stream, Release> stream_;
+};
+
+} // namespace brivandel
