@@ -62,7 +62,7 @@ Decoder::Decoder(Handle handle)
     initialMean_.assign(mean->cmn_mean, mean->cmn_mean + mean->veclen);
 }
 
-std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files) {
+std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring) {
     // Process-wide, but never anything else: the engine's chatter belongs on nobody's terminal.
     err_set_logfp(nullptr);
     const QByteArray acousticModel = QFile::encodeName(files.acousticModel);
@@ -70,7 +70,7 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files) {
     // gains nothing by them. Silence is kept since the endpointer decides what silence is.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no", "-lw", "6.5",
-                    "-fwdflat", "no", "-bestpath", "no", nullptr));
+                    "-fwdflat", "no", "-bestpath", "no", "-compallsen", scoring == Scoring::InFull ? "yes" : "no", nullptr));
     if (!configuration) {
         return nullptr;
     }
@@ -183,31 +183,39 @@ void Decoder::decodeWhole(const QString& search, std::span<const std::int16_t> s
     end();
 }
 
-std::vector<HeardWord> Decoder::words() const {
-    std::vector<HeardWord> result;
+std::vector<HeardSegment> Decoder::heard() const {
+    std::vector<HeardSegment> result;
     for (ps_seg_t* segment = ps_seg_iter(handle_.get()); segment != nullptr; segment = ps_seg_next(segment)) {
         QString word = QString::fromUtf8(ps_seg_word(segment));
-        // "<sil>", "[NOISE]", "(NULL)" are no words, and "read(2)" is "read".
+        // "read(2)" is "read"; "<sil>", "[NOISE]" and "(NULL)" are no words.
         if (const qsizetype bracket = word.indexOf(u'('); bracket >= 0) {
             word.truncate(bracket);
         }
-        if (word.isEmpty() || word.startsWith(u'<') || word.startsWith(u'[')) {
-            continue;
+        if (word.startsWith(u'<') || word.startsWith(u'[')) {
+            word.clear();
         }
         int first = 0;
         int last = 0;
         ps_seg_frames(segment, &first, &last);
-        result.push_back({word, first * AudioTime(frameLength)});
+        int acoustic = 0;
+        int language = 0;
+        int backoff = 0;
+        ps_seg_prob(segment, &acoustic, &language, &backoff);
+        if (last >= first) {
+            result.push_back({word, first, last - first + 1, static_cast<double>(acoustic)});
+        }
     }
     return result;
 }
 
-QStringList textsOf(std::span<const HeardWord> words) {
-    QStringList texts;
-    for (const HeardWord& word : words) {
-        texts << word.word;
+QStringList wordsOf(std::span<const HeardSegment> heard) {
+    QStringList words;
+    for (const HeardSegment& segment : heard) {
+        if (!segment.word.isEmpty()) {
+            words << segment.word;
+        }
     }
-    return texts;
+    return words;
 }
 
 } // namespace brivandel

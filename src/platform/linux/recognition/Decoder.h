@@ -18,18 +18,26 @@ struct ps_decoder_s;
 
 namespace brivandel {
 
-/// A word that was heard, and where in the utterance it begins.
-struct HeardWord {
+/// A piece of an utterance as a decoder hears it, in frames of 10 ms from the utterance's beginning.
+struct HeardSegment {
+    /// Empty for a pause or a noise.
     QString word;
-    AudioTime begin{0};
+    int firstFrame = 0;
+    int frameCount = 0;
+    /// How well the sound fits, summed over the frames: a logarithm, larger is better. Comparable between decoders
+    /// that score in full.
+    double score = 0;
 };
 
 /// One decoder of the engine, with the searches that it was given. Any one thread at a time; several decoders may run
 /// in several threads.
 class Decoder {
 public:
+    /// Scoring in full takes twice the time, and makes the scores of different searches comparable.
+    enum class Scoring : std::uint8_t { AsNeeded, InFull };
+
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 20 ms.
-    [[nodiscard]] static std::unique_ptr<Decoder> load(const ModelFiles& files);
+    [[nodiscard]] static std::unique_ptr<Decoder> load(const ModelFiles& files, Scoring scoring);
 
     /// Replaces the dictionary, and drops all searches. False when the engine refuses it.
     [[nodiscard]] bool setDictionary(const Pronunciations& pronunciations);
@@ -44,8 +52,8 @@ public:
     /// Begins, decodes and ends an utterance that is there as a whole, which is more accurate.
     void decodeWhole(const QString& search, std::span<const std::int16_t> samples);
 
-    /// What was heard so far, or in the utterance that has ended. No pauses and noises.
-    [[nodiscard]] std::vector<HeardWord> words() const;
+    /// What was heard so far, or in the utterance that has ended.
+    [[nodiscard]] std::vector<HeardSegment> heard() const;
 
 private:
     struct Delete {
@@ -62,7 +70,7 @@ private:
     std::vector<float> initialMean_;
 };
 
-/// The words without their places.
-[[nodiscard]] QStringList textsOf(std::span<const HeardWord> words);
+/// The words alone.
+[[nodiscard]] QStringList wordsOf(std::span<const HeardSegment> heard);
 
 } // namespace brivandel

@@ -1,5 +1,6 @@
 #include "platform/linux/recognition/PhraseDecoder.h"
 
+#include "platform/linux/recognition/Evidence.h"
 #include "platform/linux/recognition/LanguageModel.h"
 
 #include <algorithm>
@@ -18,40 +19,17 @@ const QString& searchFor(Expecting expecting) {
     return expecting == Expecting::WakePhrase ? wakePhrase : command;
 }
 
-/// How many words both have in common, in the same order.
-qsizetype commonWords(const QStringList& a, const QStringList& b) {
-    std::vector<qsizetype> best(static_cast<std::size_t>(b.size()) + 1);
-    for (const QString& word : a) {
-        qsizetype diagonal = 0;
-        for (std::size_t j = 1; j < best.size(); ++j) {
-            const qsizetype above = best[j];
-            best[j] = word == b[static_cast<qsizetype>(j) - 1] ? diagonal + 1 : std::max(above, best[j - 1]);
-            diagonal = above;
-        }
-    }
-    return best.back();
-}
-
-/// Whether what the gate heard, which could have been anything, bears out what the grammar made of it.
-bool bearsOut(const QStringList& gate, const QStringList& grammar) {
-    return 2 * commonWords(gate, grammar) >= grammar.size() && gate.size() <= grammar.size() + 2;
-}
-
 } // namespace
-
-PhraseDecoder::PhraseDecoder(std::unique_ptr<Decoder> gate, std::unique_ptr<Decoder> grammar)
-    : gate_(std::move(gate))
-    , grammar_(std::move(grammar)) {}
 
 std::unique_ptr<PhraseDecoder> PhraseDecoder::load(const ModelFiles& files) {
     if (files.problem()) {
         return nullptr;
     }
-    auto gate = Decoder::load(files);
-    auto grammar = Decoder::load(files);
-    return gate && grammar
-               ? std::unique_ptr<PhraseDecoder>(new PhraseDecoder(std::move(gate), std::move(grammar)))
-               : nullptr;
+    std::unique_ptr<PhraseDecoder> result(new PhraseDecoder);
+    result->gate_ = Decoder::load(files, Decoder::Scoring::AsNeeded);
+    result->grammar_ = Decoder::load(files, Decoder::Scoring::InFull);
+    result->reference_ = Decoder::load(files, Decoder::Scoring::InFull);
+    return result->gate_ && result->grammar_ && result->reference_ ? std::move(result) : nullptr;
 }
 
 bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary) {
@@ -62,10 +40,12 @@ bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> voca
             phraseWords.insert(edge.word, vocabulary->pronunciations.value(edge.word));
         }
     }
-    bool accepted = gate_->setDictionary(vocabulary->pronunciations) && grammar_->setDictionary(phraseWords);
+    bool accepted = gate_->setDictionary(vocabulary->pronunciations) &&
+                    reference_->setDictionary(vocabulary->pronunciations) && grammar_->setDictionary(phraseWords);
     for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
         const QString& search = searchFor(expecting);
         accepted = accepted && gate_->addLanguageModel(search, languageModel(graph, expecting)) &&
+                   reference_->addLanguageModel(search, languageModel(graph, expecting)) &&
                    grammar_->addGrammar(search, graph, expecting);
     }
     vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
@@ -85,31 +65,39 @@ void PhraseDecoder::process(std::span<const std::int16_t> samples) {
     gate_->process(samples);
 }
 
-PhraseDecoder::Addressed PhraseDecoder::addressed(const std::vector<HeardWord>& heard) const {
-    const QStringList words = textsOf(heard);
+PhraseDecoder::Addressed PhraseDecoder::addressed(const std::vector<HeardSegment>& heard) const {
+    const QStringList words = wordsOf(heard);
     const qsizetype wake = vocabulary_->graph.lastWakePhrase(words);
-    if (wake >= 0) {
-        return {words.mid(wake), std::max(heard[static_cast<std::size_t>(wake)].begin - lead, AudioTime(0))};
+    if (wake < 0) {
+        return expecting_ == Expecting::Command ? Addressed{words} : Addressed{};
     }
-    return expecting_ == Expecting::Command ? Addressed{words} : Addressed{};
+    qsizetype before = wake;
+    for (const HeardSegment& segment : heard) {
+        if (!segment.word.isEmpty() && before-- == 0) {
+            return {words.mid(wake), std::max(segment.firstFrame * AudioTime(frameLength) - lead, AudioTime(0))};
+        }
+    }
+    return {};
 }
 
-QStringList PhraseDecoder::decodeByGrammar(const Addressed& addressed) {
+std::span<const std::int16_t> PhraseDecoder::soundSince(AudioTime begin) const {
+    return std::span(utterance_).subspan(std::min(sampleCount(begin), utterance_.size()));
+}
+
+std::vector<HeardSegment> PhraseDecoder::decodeByGrammar(const Addressed& addressed) {
     const bool hasWakePhrase = vocabulary_->graph.lastWakePhrase(addressed.words) == 0;
-    const std::size_t begin = std::min(sampleCount(addressed.begin), utterance_.size());
-    grammar_->decodeWhole(searchFor(hasWakePhrase ? Expecting::WakePhrase : Expecting::Command),
-                          std::span(utterance_).subspan(begin));
-    return textsOf(grammar_->words());
+    grammar_->decodeWhole(searchFor(hasWakePhrase ? Expecting::WakePhrase : expecting_), soundSince(addressed.begin));
+    return grammar_->heard();
 }
 
 std::optional<Reading> PhraseDecoder::interim() {
-    const Addressed said = addressed(gate_->words());
+    const Addressed said = addressed(gate_->heard());
     if (said.words.isEmpty() || said.words == askedFor_) {
         return said.words.isEmpty() ? std::nullopt : answer_;
     }
     askedFor_ = said.words;
     answer_ = vocabulary_->graph.read(said.words);
-    if (answer_ && (!answer_->isWhole || decodeByGrammar(said) != said.words)) {
+    if (answer_ && (!answer_->isWhole || wordsOf(decodeByGrammar(said)) != said.words)) {
         answer_.reset();
     }
     return answer_;
@@ -117,28 +105,28 @@ std::optional<Reading> PhraseDecoder::interim() {
 
 std::optional<Reading> PhraseDecoder::end() {
     gate_->end();
-    Addressed said = addressed(gate_->words());
-    gate_->decodeWhole(searchFor(expecting_), utterance_);
-    if (const Addressed saidInAll = addressed(gate_->words()); !saidInAll.words.isEmpty()) {
-        said = saidInAll;
-    }
-    if (said.words.isEmpty()) {
-        return std::nullopt;
+    const Addressed said = addressed(gate_->heard());
+    if (answer_ && said.words == askedFor_) {
+        // Both decoders were of one mind already.
+        return answer_;
     }
     const PhraseGraph& graph = vocabulary_->graph;
-    const QStringList byGrammar = decodeByGrammar(said);
-    const auto reading = graph.read(byGrammar);
-    if (!reading || !reading->isWhole) {
+    const auto phrase = decodeByGrammar(said);
+    const QStringList words = wordsOf(phrase);
+    const auto reading = graph.read(words);
+    if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
         return std::nullopt;
     }
-    if (!reading->hasWakePhrase) {
-        return said.words == byGrammar ? reading : std::nullopt;
+    reference_->decodeWhole(searchFor(expecting_), soundSince(said.begin));
+    const qsizetype wakeWordCount = graph.wakePhraseLength(words);
+    const Evidence evidence = Evidence::weigh(phrase, reference_->heard(), wakeWordCount);
+    if (!evidence.provesWakePhrase()) {
+        return std::nullopt;
     }
-    const qsizetype wakeLength = graph.wakePhraseLength(byGrammar);
-    if (bearsOut(said.words.mid(graph.wakePhraseLength(said.words)), byGrammar.mid(wakeLength))) {
+    if (evidence.provesCommand()) {
         return reading;
     }
-    return graph.read(byGrammar.first(wakeLength));
+    return wakeWordCount > 0 ? graph.read(words.first(wakeWordCount)) : std::nullopt;
 }
 
 } // namespace brivandel

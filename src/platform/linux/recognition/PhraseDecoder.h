@@ -9,9 +9,11 @@
 
 namespace brivandel {
 
-/// Understands utterances with two decoders. One, the gate, knows the phrases and 2,000 words besides, and says whether
-/// the wake phrase was said at all; the other can hear nothing but phrases, and says which. Either alone fails: the
-/// first misses phrases in noise, the second makes a command of every sentence.
+/// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and says where
+/// the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone fails: the first misses
+/// phrases in noise, the second makes a command of every sentence. Where both hear the same words, that was said. Where
+/// they do not, the end of the utterance decides by how much worse the grammar's words fit the sound than the best of
+/// any words, which a third decoder, the reference, finds.
 class PhraseDecoder final : public UtteranceDecoder {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.
@@ -28,18 +30,20 @@ public:
     [[nodiscard]] std::optional<Reading> end() override;
 
 private:
-    PhraseDecoder(std::unique_ptr<Decoder> gate, std::unique_ptr<Decoder> grammar);
+    PhraseDecoder() = default;
 
     /// What is for us among what the gate heard; empty when nothing is.
     struct Addressed {
         QStringList words;
         AudioTime begin{0};
     };
-    [[nodiscard]] Addressed addressed(const std::vector<HeardWord>& heard) const;
-    [[nodiscard]] QStringList decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] Addressed addressed(const std::vector<HeardSegment>& heard) const;
+    [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] std::span<const std::int16_t> soundSince(AudioTime begin) const;
 
     std::unique_ptr<Decoder> gate_;
     std::unique_ptr<Decoder> grammar_;
+    std::unique_ptr<Decoder> reference_;
     std::shared_ptr<const CompiledVocabulary> vocabulary_;
 
     Expecting expecting_ = Expecting::WakePhrase;
