@@ -1,0 +1,84 @@
+#include "platform/linux/recognition/Evidence.h"
+
+#include <algorithm>
+
+namespace brivandel {
+
+namespace {
+
+// From synthetic speech. Phrases that were said: all but formant voices stay above -5 for the whole, -8 for each word.
+// Ordinary sentences forced into a phrase: -27 and below for the whole. Sentences that are nearly a phrase differ in one
+// part of it, by -25 and below for a wrong word of the wake phrase and -20 and below for a wrong command.
+constexpr double leastOfAll = -13;
+constexpr double leastOfWakePhrase = -20;
+constexpr double leastOfCommand = -20;
+constexpr double leastOfCommandWord = -40;
+// A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
+constexpr double leastScore = -75;
+
+struct Sum {
+    double score = 0;
+    int frameCount = 0;
+
+    [[nodiscard]] double mean() const { return frameCount > 0 ? score / frameCount : 0; }
+};
+
+Sum sumOf(std::span<const HeardSegment> segments) {
+    Sum sum;
+    for (const HeardSegment& segment : segments) {
+        sum.score += segment.score;
+        sum.frameCount += segment.frameCount;
+    }
+    return sum;
+}
+
+/// The score of the frames that the place covers. Within a segment it is taken to be spread evenly.
+double scoreAt(const HeardSegment& place, std::span<const HeardSegment> segments) {
+    const int end = place.firstFrame + place.frameCount;
+    double score = 0;
+    for (const HeardSegment& segment : segments) {
+        const int first = std::max(place.firstFrame, segment.firstFrame);
+        const int last = std::min(end, segment.firstFrame + segment.frameCount);
+        if (last > first) {
+            score += segment.score * (last - first) / segment.frameCount;
+        }
+    }
+    return score;
+}
+
+} // namespace
+
+Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const HeardSegment> reference,
+                         qsizetype wakeWordCount) {
+    Evidence evidence;
+    Sum command;
+    qsizetype wordIndex = 0;
+    for (const HeardSegment& segment : phrase) {
+        if (segment.word.isEmpty()) {
+            continue;
+        }
+        const Sum word{segment.score - scoreAt(segment, reference), segment.frameCount};
+        if (wordIndex++ < wakeWordCount) {
+            evidence.ofWakePhrase = std::min(evidence.ofWakePhrase, word.mean());
+            continue;
+        }
+        command.score += word.score;
+        command.frameCount += word.frameCount;
+        evidence.ofWorstCommandWord = std::min(evidence.ofWorstCommandWord, word.mean());
+    }
+    evidence.ofCommand = command.mean();
+    Sum all = sumOf(phrase);
+    all.score -= sumOf(reference).score;
+    evidence.ofAll = all.mean();
+    return evidence;
+}
+
+bool Evidence::provesWakePhrase() const { return ofWakePhrase >= leastOfWakePhrase; }
+
+bool Evidence::provesCommand() const {
+    return ofAll >= leastOfAll && ofCommand >= leastOfCommand && ofWorstCommandWord >= leastOfCommandWord;
+}
+
+bool isOutOfQuestion(std::span<const HeardSegment> phrase) { return sumOf(phrase).mean() < leastScore; }
+
+} // namespace brivandel

@@ -1,0 +1,132 @@
+#include "platform/linux/recognition/PhraseDecoder.h"
+
+#include "platform/linux/recognition/Evidence.h"
+#include "platform/linux/recognition/LanguageModel.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace brivandel {
+
+namespace {
+
+// Words begin a little before the gate is sure of them.
+constexpr AudioTime lead = std::chrono::milliseconds(150);
+
+const QString& searchFor(Expecting expecting) {
+    static const QString wakePhrase = QStringLiteral("wake phrase");
+    static const QString command = QStringLiteral("command");
+    return expecting == Expecting::WakePhrase ? wakePhrase : command;
+}
+
+} // namespace
+
+std::unique_ptr<PhraseDecoder> PhraseDecoder::load(const ModelFiles& files) {
+    if (files.problem()) {
+        return nullptr;
+    }
+    std::unique_ptr<PhraseDecoder> result(new PhraseDecoder);
+    result->gate_ = Decoder::load(files, Decoder::Scoring::AsNeeded);
+    result->grammar_ = Decoder::load(files, Decoder::Scoring::InFull);
+    result->reference_ = Decoder::load(files, Decoder::Scoring::InFull);
+    return result->gate_ && result->grammar_ && result->reference_ ? std::move(result) : nullptr;
+}
+
+bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary) {
+    const PhraseGraph& graph = vocabulary->graph;
+    Pronunciations phraseWords;
+    for (const PhraseGraph::Node& node : graph.nodes()) {
+        for (const PhraseGraph::Edge& edge : node.edges) {
+            phraseWords.insert(edge.word, vocabulary->pronunciations.value(edge.word));
+        }
+    }
+    bool accepted = gate_->setDictionary(vocabulary->pronunciations) &&
+                    reference_->setDictionary(vocabulary->pronunciations) && grammar_->setDictionary(phraseWords);
+    for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
+        const QString& search = searchFor(expecting);
+        accepted = accepted && gate_->addLanguageModel(search, languageModel(graph, expecting)) &&
+                   reference_->addLanguageModel(search, languageModel(graph, expecting)) &&
+                   grammar_->addGrammar(search, graph, expecting);
+    }
+    vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
+    return accepted;
+}
+
+void PhraseDecoder::begin(Expecting expecting) {
+    expecting_ = expecting;
+    utterance_.clear();
+    askedFor_.clear();
+    answer_.reset();
+    gate_->begin(searchFor(expecting));
+}
+
+void PhraseDecoder::process(std::span<const std::int16_t> samples) {
+    utterance_.insert(utterance_.end(), samples.begin(), samples.end());
+    gate_->process(samples);
+}
+
+PhraseDecoder::Addressed PhraseDecoder::addressed(const std::vector<HeardSegment>& heard) const {
+    const QStringList words = wordsOf(heard);
+    const qsizetype wake = vocabulary_->graph.lastWakePhrase(words);
+    if (wake < 0) {
+        return expecting_ == Expecting::Command ? Addressed{words} : Addressed{};
+    }
+    qsizetype before = wake;
+    for (const HeardSegment& segment : heard) {
+        if (!segment.word.isEmpty() && before-- == 0) {
+            return {words.mid(wake), std::max(segment.firstFrame * AudioTime(frameLength) - lead, AudioTime(0))};
+        }
+    }
+    return {};
+}
+
+std::span<const std::int16_t> PhraseDecoder::soundSince(AudioTime begin) const {
+    return std::span(utterance_).subspan(std::min(sampleCount(begin), utterance_.size()));
+}
+
+std::vector<HeardSegment> PhraseDecoder::decodeByGrammar(const Addressed& addressed) {
+    const bool hasWakePhrase = vocabulary_->graph.lastWakePhrase(addressed.words) == 0;
+    grammar_->decodeWhole(searchFor(hasWakePhrase ? Expecting::WakePhrase : expecting_), soundSince(addressed.begin));
+    return grammar_->heard();
+}
+
+std::optional<Reading> PhraseDecoder::interim() {
+    const Addressed said = addressed(gate_->heard());
+    if (said.words.isEmpty() || said.words == askedFor_) {
+        return said.words.isEmpty() ? std::nullopt : answer_;
+    }
+    askedFor_ = said.words;
+    answer_ = vocabulary_->graph.read(said.words);
+    if (answer_ && (!answer_->isWhole || wordsOf(decodeByGrammar(said)) != said.words)) {
+        answer_.reset();
+    }
+    return answer_;
+}
+
+std::optional<Reading> PhraseDecoder::end() {
+    gate_->end();
+    const Addressed said = addressed(gate_->heard());
+    if (answer_ && said.words == askedFor_) {
+        // Both decoders were of one mind already.
+        return answer_;
+    }
+    const PhraseGraph& graph = vocabulary_->graph;
+    const auto phrase = decodeByGrammar(said);
+    const QStringList words = wordsOf(phrase);
+    const auto reading = graph.read(words);
+    if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
+        return std::nullopt;
+    }
+    reference_->decodeWhole(searchFor(expecting_), soundSince(said.begin));
+    const qsizetype wakeWordCount = graph.wakePhraseLength(words);
+    const Evidence evidence = Evidence::weigh(phrase, reference_->heard(), wakeWordCount);
+    if (!evidence.provesWakePhrase()) {
+        return std::nullopt;
+    }
+    if (evidence.provesCommand()) {
+        return reading;
+    }
+    return wakeWordCount > 0 ? graph.read(words.first(wakeWordCount)) : std::nullopt;
+}
+
+} // namespace brivandel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/linux/recognition/CompiledVocabulary.h"
+#include "platform/linux/recognition/Decoder.h"
+#include "platform/linux/recognition/UtteranceDecoder.h"
+
+#include <memory>
+#include <vector>
+
+namespace brivandel {
+
+/// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and says where
+/// the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone fails: the first misses
+/// phrases in noise, the second makes a command of every sentence. Where both hear the same words, that was said. Where
+/// they do not, the end of the utterance decides by how much worse the grammar's words fit the sound than the best of
+/// any words, which a third decoder, the reference, finds.
+class PhraseDecoder final : public UtteranceDecoder {
+public:
+    /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.
+    [[nodiscard]] static std::unique_ptr<PhraseDecoder> load(const ModelFiles& files);
+
+    /// Between utterances. False when the engine refuses it: nothing is understood then.
+    [[nodiscard]] bool setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary);
+    /// None at first.
+    [[nodiscard]] const std::shared_ptr<const CompiledVocabulary>& vocabulary() const { return vocabulary_; }
+
+    void begin(Expecting expecting) override;
+    void process(std::span<const std::int16_t> samples) override;
+    [[nodiscard]] std::optional<Reading> interim() override;
+    [[nodiscard]] std::optional<Reading> end() override;
+
+private:
+    PhraseDecoder() = default;
+
+    /// What is for us among what the gate heard; empty when nothing is.
+    struct Addressed {
+        QStringList words;
+        AudioTime begin{0};
+    };
+    [[nodiscard]] Addressed addressed(const std::vector<HeardSegment>& heard) const;
+    [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] std::span<const std::int16_t> soundSince(AudioTime begin) const;
+
+    std::unique_ptr<Decoder> gate_;
+    std::unique_ptr<Decoder> grammar_;
+    std::unique_ptr<Decoder> reference_;
+    std::shared_ptr<const CompiledVocabulary> vocabulary_;
+
+    Expecting expecting_ = Expecting::WakePhrase;
+    std::vector<std::int16_t> utterance_;
+    /// What the gate had heard when the grammar was last asked in this utterance, and what came of it.
+    QStringList askedFor_;
+    std::optional<Reading> answer_;
+};
+
+} // namespace brivandel

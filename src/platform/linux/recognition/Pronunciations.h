@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+namespace brivandel {
+
+/// Words, and for each the ways in which it is pronounced, as phones of the engine parted by spaces.
+using Pronunciations = QHash<QString, QStringList>;
+
+/// How the words are pronounced: after the dictionary, else by rule. A word that neither knows is left out. Any thread;
+/// reads the whole dictionary file, some 10 ms.
+[[nodiscard]] Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPath);
+
+} // namespace brivandel

@@ -1,0 +1,176 @@
+#include "platform/linux/recognition/RecognitionSession.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace brivandel {
+
+RecognitionSession::RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder,
+                                       SpeechRecognizer::ResultHandler deliver)
+    : reporting_(reporting)
+    , leaseDecoder_(std::move(leaseDecoder))
+    , deliver_(std::move(deliver)) {
+    frame_.reserve(samplesPerFrame);
+}
+
+void RecognitionSession::process(std::span<const float> samples) {
+    for (const float sample : samples) {
+        if (ended_) {
+            return;
+        }
+        frame_.push_back(dither_(sample));
+        if (frame_.size() == samplesPerFrame) {
+            processFrame(std::span<const std::int16_t, samplesPerFrame>(frame_));
+            frame_.clear();
+        }
+    }
+}
+
+void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFrame> frame) {
+    heard_ += frameLength;
+    const Endpointer::Change change = endpointer_.push(frame);
+    remember(frame, utterance_ ? overlap : Endpointer::preRoll);
+    if (utterance_) {
+        feed(frame);
+        if (change == Endpointer::Change::End) {
+            endUtterance(Ending::Complete);
+        } else if (utterance_->length >= longestUtterance) {
+            cutUtterance();
+        }
+    } else if (change == Endpointer::Change::Begin) {
+        beginUtterance();
+    }
+    if (!ended_ && !utterance_ && heard_ >= longestSession) {
+        fail(QStringLiteral("The recognition session has ended after %1 seconds.").arg(longestSession.count()));
+    }
+}
+
+void RecognitionSession::remember(std::span<const std::int16_t> samples, AudioTime most) {
+    recent_.insert(recent_.end(), samples.begin(), samples.end());
+    const std::size_t limit = sampleCount(most);
+    if (recent_.size() > limit) {
+        recent_.erase(recent_.begin(), recent_.end() - static_cast<std::ptrdiff_t>(limit));
+    }
+}
+
+void RecognitionSession::beginUtterance() {
+    Lease lease = leaseDecoder_();
+    if (!lease.decoder) {
+        fail(QStringLiteral("The speech model could not be loaded."));
+        return;
+    }
+    const bool mayBeCommand = awake_ || !lease.wakePhraseRequired;
+    lease.decoder->begin(mayBeCommand ? Expecting::Command : Expecting::WakePhrase);
+    utterance_.emplace();
+    utterance_->lease = std::move(lease);
+    feed(std::vector<std::int16_t>(recent_.begin(), recent_.end()));
+}
+
+void RecognitionSession::feed(std::span<const std::int16_t> samples) {
+    std::vector<std::int16_t>& unprocessed = utterance_->unprocessed;
+    unprocessed.insert(unprocessed.end(), samples.begin(), samples.end());
+    utterance_->length += AudioTime(static_cast<std::int64_t>(samples.size()));
+    if (unprocessed.size() >= sampleCount(step)) {
+        utterance_->lease.decoder->process(unprocessed);
+        unprocessed.clear();
+        considerInterim();
+    }
+}
+
+bool RecognitionSession::isSettled(const Reading& reading) const {
+    return endpointer_.silence() >= (reading.mayGoOn ? settlingIfItMayGoOn : settling);
+}
+
+void RecognitionSession::considerInterim() {
+    if (reporting_ == Reporting::FinalResultOnly || endpointer_.silence() < step) {
+        utterance_->candidate.reset();
+        return;
+    }
+    const auto reading = utterance_->lease.decoder->interim();
+    const bool again = reading && reading == utterance_->candidate;
+    utterance_->candidate = reading;
+    if (again && reading != utterance_->delivered && isSettled(*reading)) {
+        utterance_->delivered = reading;
+        deliverTranscript(transcriptWith(reading), false);
+    }
+}
+
+void RecognitionSession::endUtterance(Ending ending) {
+    Utterance utterance = *std::exchange(utterance_, std::nullopt);
+    recent_.clear();
+    std::optional<Reading> reading;
+    if (ending == Ending::Complete || !utterance.delivered) {
+        utterance.lease.decoder->process(utterance.unprocessed);
+        reading = utterance.lease.decoder->end();
+    }
+    // Cut off, "stop" may have been the beginning of "stop recording".
+    if (reading && ending == Ending::CutOff && !isSettled(*reading)) {
+        reading.reset();
+    }
+    // What was delivered may have been acted upon: it is not taken back for nothing.
+    reading = reading ? reading : utterance.delivered;
+    if (!reading) {
+        return;
+    }
+    transcript_ = transcriptWith(reading);
+    awake_ = awake_ || reading->hasWakePhrase;
+    if (reporting_ == Reporting::PartialResults && !ended_) {
+        deliverTranscript(transcript_, false);
+    }
+}
+
+void RecognitionSession::cutUtterance() {
+    // Whoever speaks without a pause may be in the middle of a command: its beginning is in the last part.
+    std::deque<std::int16_t> lastPart = std::exchange(recent_, {});
+    const bool understood = utterance_->delivered.has_value();
+    endUtterance(Ending::CutOff);
+    if (!understood) {
+        recent_ = std::move(lastPart);
+    }
+    if (!ended_ && heard_ < longestSession) {
+        beginUtterance();
+    }
+}
+
+QString RecognitionSession::transcriptWith(const std::optional<Reading>& reading) const {
+    if (!reading) {
+        return transcript_;
+    }
+    return transcript_.isEmpty() ? reading->text : transcript_ + u' ' + reading->text;
+}
+
+void RecognitionSession::deliverTranscript(const QString& transcript, bool isFinal) {
+    if (transcript == lastDelivered_ && !isFinal) {
+        return;
+    }
+    lastDelivered_ = transcript;
+    deliver_(RecognitionResult{.formattedString = transcript, .isFinal = isFinal}, std::nullopt);
+}
+
+void RecognitionSession::skip() {
+    utterance_.reset();
+    recent_.clear();
+    frame_.clear();
+    endpointer_ = Endpointer();
+}
+
+void RecognitionSession::finish(Ending ending) {
+    if (std::exchange(ended_, true)) {
+        return;
+    }
+    if (utterance_) {
+        endUtterance(ending);
+    }
+    if (!transcript_.isEmpty()) {
+        deliverTranscript(transcript_, true);
+    }
+}
+
+void RecognitionSession::fail(const QString& error) {
+    if (!std::exchange(ended_, true)) {
+        utterance_.reset();
+        deliver_(std::nullopt, error);
+    }
+}
+
+} // namespace brivandel

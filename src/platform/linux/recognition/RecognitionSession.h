@@ -1,0 +1,103 @@
+#pragma once
+
+#include "platform/SpeechRecognition.h"
+#include "platform/linux/recognition/Dither.h"
+#include "platform/linux/recognition/Endpointer.h"
+#include "platform/linux/recognition/RecognitionFormat.h"
+#include "platform/linux/recognition/UtteranceDecoder.h"
+
+#include <QString>
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace brivandel {
+
+/// One session of recognition, from its first sample to its end. It knows no threads and no clock: time is the sound
+/// that goes by, so the same sound always gives the same results. Results are delivered during the calls.
+///
+/// A partial result is acted upon as soon as it contains a command, so none is delivered that could still become another
+/// command: "stop" waits for the silence in which "recording" does not come.
+class RecognitionSession {
+public:
+    /// Silence after which a phrase has ended: one that no other phrase continues, and one that might go on. The first
+    /// because a decoder jumps ahead to a forced completion, the second so that people may hesitate within a phrase.
+    static constexpr std::chrono::milliseconds settling{60};
+    static constexpr std::chrono::milliseconds settlingIfItMayGoOn{300};
+    /// The decoder is asked at this interval, and must give the same answer twice.
+    static constexpr std::chrono::milliseconds step{30};
+    /// An utterance that has not ended by itself is ended, and its last part heard again with what follows.
+    static constexpr std::chrono::milliseconds longestUtterance{6000};
+    static constexpr std::chrono::milliseconds overlap{1500};
+    /// A session ends with an error after so much sound, or the transcript and the awake state would last for ever. An
+    /// utterance that is going on may end first.
+    static constexpr std::chrono::seconds longestSession{60};
+
+    enum class Reporting : std::uint8_t { PartialResults, FinalResultOnly };
+    /// Whether the sound is over because there is no more, or was cut off in the middle of what goes on.
+    enum class Ending : std::uint8_t { Complete, CutOff };
+
+    /// A decoder for one utterance. Null: none can be had, which ends the session.
+    struct Lease {
+        std::shared_ptr<UtteranceDecoder> decoder;
+        bool wakePhraseRequired = true;
+    };
+    using LeaseDecoder = std::function<Lease()>;
+
+    RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder, SpeechRecognizer::ResultHandler deliver);
+
+    /// Samples at 16 kHz. After the end they are ignored.
+    void process(std::span<const float> samples);
+    /// Some sound was lost: what is being said cannot be understood any more.
+    void skip();
+    /// Delivers what was heard as the final result, if anything was, and ends.
+    void finish(Ending ending);
+    /// Delivers the error and ends.
+    void fail(const QString& error);
+
+    [[nodiscard]] bool hasEnded() const { return ended_; }
+
+private:
+    struct Utterance {
+        Lease lease;
+        std::vector<std::int16_t> unprocessed;
+        AudioTime length{0};
+        std::optional<Reading> candidate;
+        std::optional<Reading> delivered;
+    };
+
+    void processFrame(std::span<const std::int16_t, samplesPerFrame> frame);
+    void remember(std::span<const std::int16_t> samples, AudioTime most);
+    void beginUtterance();
+    void feed(std::span<const std::int16_t> samples);
+    void considerInterim();
+    void endUtterance(Ending ending);
+    void cutUtterance();
+    [[nodiscard]] bool isSettled(const Reading& reading) const;
+    [[nodiscard]] QString transcriptWith(const std::optional<Reading>& reading) const;
+    void deliverTranscript(const QString& transcript, bool isFinal);
+
+    Reporting reporting_;
+    LeaseDecoder leaseDecoder_;
+    SpeechRecognizer::ResultHandler deliver_;
+
+    Dither dither_;
+    Endpointer endpointer_;
+    std::vector<std::int16_t> frame_;
+    std::deque<std::int16_t> recent_;
+    AudioTime heard_{0};
+    std::optional<Utterance> utterance_;
+
+    QString transcript_;
+    QString lastDelivered_;
+    bool awake_ = false;
+    bool ended_ = false;
+};
+
+} // namespace brivandel
