@@ -21,6 +21,7 @@ namespace brivandel {
 /// on the queue finds what it uses. None of them is null: a service that a system lacks is an object that
 /// says so.
 struct Platform {
+    std::shared_ptr<void> foundation; ///< what several services of one system stand on
     std::unique_ptr<MainQueue> mainQueue;
     std::unique_ptr<DiagnosticLog> log;
     std::unique_ptr<KeyboardLayout> keyboardLayout;

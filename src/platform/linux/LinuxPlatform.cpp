@@ -1,14 +1,72 @@
 #include "platform/PlatformFactory.h"
+#include "platform/linux/applescript/LinuxScriptHost.h"
+#include "platform/linux/audio/PulseAudioContext.h"
+#include "platform/linux/audio/PulseAudioDevices.h"
+#include "platform/linux/audio/PulseAudioEngine.h"
 #include "platform/linux/defaults/PropertyList.h"
 #include "platform/linux/defaults/PropertyListDefaultsStore.h"
+#include "platform/linux/desktop/DBusNotifier.h"
+#include "platform/linux/desktop/LinuxPermissions.h"
+#include "platform/linux/desktop/SoundThemeBeeper.h"
+#include "platform/linux/keys/X11KeySender.h"
+#include "platform/linux/keys/X11KeyboardLayout.h"
+#include "platform/linux/recognition/InlineSpeechRecognition.h"
+//OFF
+#include "platform/linux/recognition/RecognitionProblems.h"
+#include "platform/qt/LogFile.h"
+#include "platform/qt/QtMainQueue.h"
+#include "platform/qt/ThreadWorkQueue.h"
 
 #include <QFile>
 
+#include <iostream>
+#include <utility>
+
 namespace brivandel {
+
+namespace {
+
+TargetName targetName(const PlatformOptions& options) {
+    const QString setting =
+        options.target.isEmpty() ? qEnvironmentVariable("BRIVANDEL_TARGET") : options.target;
+    return TargetName::fromSetting(setting);
+}
+
+std::unique_ptr<DefaultsStore> openDefaults(DiagnosticLog& log, WorkQueue* workQueue,
+                                            std::function<void(const QString&)> complaint) {
+    return std::make_unique<PropertyListDefaultsStore>(PropertyListDefaultsStore::defaultPath(), log,
+                                                       workQueue, std::move(complaint));
+}
+
+} // namespace
+
+std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
+    auto platform = std::make_unique<Platform>();
+    const auto audio = std::make_shared<PulseAudioContext>();
+    platform->foundation = audio;
+
+    platform->mainQueue = std::make_unique<QtMainQueue>();
+    platform->log = std::make_unique<LogFile>(LogFile::logDirectory(),
+                                              [&queue = *platform->mainQueue] { return queue.wallTime(); });
+    platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
+    platform->permissions = std::make_unique<LinuxPermissions>(
+        *platform->log, recognitionModelProblem, [audio] { return audio->server().hasMicrophone(); });
+    platform->notifier = std::make_unique<DBusNotifier>();
+    platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
+    platform->scriptHost = makeScriptHost(options);
+    platform->workQueue = std::make_unique<ThreadWorkQueue>();
+    platform->defaults =
+        openDefaults(*platform->log, platform->workQueue.get(),
+                     [](const QString& message) { std::cerr << "brivandel: " << message.toStdString() << '\n'; });
+    platform->audioDevices = std::make_unique<PulseAudioDevices>(*audio);
+    platform->audioEngine = std::make_unique<PulseAudioEngine>(*audio);
+    platform->speechRecognition = std::make_unique<InlineSpeechRecognition>();
+    return platform;
+}
+
 std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
                                                  std::function<void(const QString&)> complaint) {
-    return std::make_unique<PropertyListDefaultsStore>(PropertyListDefaultsStore::defaultPath(), log, nullptr,
-                                                       std::move(complaint));
+    return openDefaults(log, nullptr, std::move(complaint));
 }
 
 std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
@@ -22,13 +80,17 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
     }
     return std::get<PropertyList>(list).objects();
 }
-std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions&) {
-    return nullptr;
+
+std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), targetName(options));
 }
+
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {
-    return nullptr;
+    return std::make_unique<InlineSpeechRecognition>();
 }
+
 std::optional<QString> speechRecognitionProblem() {
-    return QStringLiteral("x");
+    return recognitionModelProblem();
 }
+
 } // namespace brivandel
