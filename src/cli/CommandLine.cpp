@@ -30,6 +30,11 @@ std::string commandName(const CLI::App& app) {
     return chosen.empty() ? app.get_name() : app.get_name() + ' ' + chosen.front()->get_name();
 }
 
+bool isSubcommand(const Subcommands& subcommands, const char* name) {
+    return std::ranges::any_of(subcommands,
+                               [name](const auto& entry) { return entry.first->get_name() == name; });
+}
+
 std::string oneLine(std::string text) {
     std::ranges::replace(text, '\n', ' ');
     return text;
@@ -45,9 +50,8 @@ bool isForCommandLine(int argumentCount, const char* const* arguments) {
     }
     const std::span<const char* const> all(arguments, static_cast<std::size_t>(argumentCount));
     return std::ranges::any_of(all.subspan(1), [&subcommands](const char* argument) {
-        const auto isNamed = [argument](const auto& entry) { return entry.first->get_name() == argument; };
         return std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0 ||
-               std::strcmp(argument, "--version") == 0 || std::ranges::any_of(subcommands, isNamed);
+               std::strcmp(argument, "--version") == 0 || isSubcommand(subcommands, argument);
     });
 }
 
@@ -60,6 +64,12 @@ int runCommandLine(int argumentCount, const char* const* arguments, const Termin
         add(app, subcommands);
     }
 
+    // The parser itself would only say that a subcommand is missing.
+    if (argumentCount > 1 && arguments[1][0] != '-' && !isSubcommand(subcommands, arguments[1])) {
+        terminal.err << app.get_name() << ": there is no command '" << arguments[1] << "'; type '"
+                     << app.get_name() << " --help' for the list\n";
+        return ExitStatus::badUsage;
+    }
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::Success& request) { // help or version was asked for
