@@ -1,7 +1,5 @@
 #include "platform/linux/audio/CaptureStream.h"
 
-#include "platform/linux/audio/PulseOperation.h"
-
 #include <pulse/error.h>
 
 #include <utility>
@@ -22,11 +20,17 @@ CaptureStream::CaptureStream(PulseAudioContext& context, AudioSource source, std
     , frameSizeBytes_(std::size_t{source_.channelMap.channels} * sizeof(float))
     , splitter_(source_.sampleRateHz, source_.channelMap.channels, blockFrames, std::move(deliver))
     , ended_(std::move(ended))
+    , lastArrival_(std::chrono::steady_clock::now())
     , context_(context.native()) {
     connect();
 }
 
 CaptureStream::~CaptureStream() = default;
+
+bool CaptureStream::isAlive() const {
+    const auto patience = hasArrived_ ? laterSoundPatience : firstSoundPatience;
+    return !problem_ && std::chrono::steady_clock::now() - lastArrival_ < patience;
+}
 
 void CaptureStream::connect() {
     const pa_sample_spec format{.format = PA_SAMPLE_FLOAT32NE,
@@ -72,6 +76,8 @@ void CaptureStream::fail(int error) {
 }
 
 void CaptureStream::read() {
+    hasArrived_ = true;
+    lastArrival_ = std::chrono::steady_clock::now();
     const void* data = nullptr;
     std::size_t byteCount = 0;
     while (pa_stream_readable_size(stream_.get()) > 0) {
@@ -89,18 +95,12 @@ void CaptureStream::read() {
 }
 
 void CaptureStream::suspend() {
-    if (!std::exchange(isSuspended_, true)) {
-        splitter_.reset();
-        // A stream that is not ready yet cannot be told; it is read and thrown away until it is closed.
-        leaveRunning(pa_stream_cork(stream_.get(), 1, nullptr, nullptr));
-    }
+    isSuspended_ = true;
 }
 
 void CaptureStream::resume() {
     if (std::exchange(isSuspended_, false)) {
-        // What waits on the way is from before the pause.
-        leaveRunning(pa_stream_flush(stream_.get(), nullptr, nullptr));
-        leaveRunning(pa_stream_cork(stream_.get(), 0, nullptr, nullptr));
+        splitter_.reset();
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <pulse/stream.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -19,6 +20,9 @@ public:
     /// Called when the recording has ended by itself; may not destroy the stream.
     using Ended = std::function<void(const QString& reason)>;
 
+    static constexpr std::chrono::milliseconds firstSoundPatience{3000};
+    static constexpr std::chrono::milliseconds laterSoundPatience{500};
+
     /// Begins to record; blocks of blockFrames go to deliver on the loop's thread.
     CaptureStream(PulseAudioContext& context, AudioSource source, std::uint32_t blockFrames,
                   BlockSplitter::Deliver deliver, Ended ended);
@@ -26,11 +30,16 @@ public:
     CaptureStream(const CaptureStream&) = delete;
     CaptureStream& operator=(const CaptureStream&) = delete;
 
+    /// Whether sound can be expected from it: it has not ended, and what comes has not run dry. A server may
+    /// take two seconds to deliver the first sound, and stops for a few hundredths of a second when it is
+    /// busy.
+    [[nodiscard]] bool isAlive() const;
     /// What went wrong, once it has ended.
     [[nodiscard]] const std::optional<QString>& problem() const { return problem_; }
     [[nodiscard]] const AudioSource& source() const { return source_; }
 
-    /// Delivers nothing until resumed; the server records no more, either.
+    /// Throws away what comes until resumed. The server is not told to pause ("cork"): after a pause both
+    /// PulseAudio and PipeWire first deliver a remnant from before it.
     void suspend();
     void resume();
 
@@ -50,6 +59,9 @@ private:
     BlockSplitter splitter_;
     Ended ended_;
     bool isSuspended_ = false;
+    bool hasArrived_ = false;
+    /// Of the last sound; of the opening before there was any.
+    std::chrono::steady_clock::time_point lastArrival_;
     std::optional<QString> problem_;
     pa_context* context_;
     std::unique_ptr<pa_stream, Release> stream_;

@@ -1,8 +1,7 @@
 #include "platform/linux/audio/PulseAudioContext.h"
 
-#include "platform/linux/audio/PulseOperation.h"
-
 #include <pulse/error.h>
+#include <pulse/operation.h>
 #include <pulse/proplist.h>
 #include <pulse/subscribe.h>
 
@@ -16,6 +15,13 @@ namespace {
 struct FreeProperties {
     void operator()(pa_proplist* properties) const { pa_proplist_free(properties); }
 };
+
+/// Lets a request go on by itself: its callback tells when it is done. Null is one that could not be made.
+void leaveRunning(pa_operation* operation) {
+    if (operation != nullptr) {
+        pa_operation_unref(operation);
+    }
+}
 
 } // namespace
 

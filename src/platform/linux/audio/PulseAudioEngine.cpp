@@ -101,7 +101,7 @@ std::optional<QString> PulseAudioEngine::update(const AudioServer& server) {
         return missingSource(server);
     }
     close_.cancel();
-    if (stream_ != nullptr && !stream_->problem() && stream_->source() == *input) {
+    if (stream_ != nullptr && stream_->isAlive() && stream_->source() == *input) {
         stream_->resume();
         return std::nullopt;
     }
@@ -118,6 +118,8 @@ void PulseAudioEngine::updateWhileRunning() {
 }
 
 std::optional<QString> PulseAudioEngine::openStream(const AudioSource& source) {
+    // First of all, for PipeWire 0.3.65 can starve one of two recordings of the same client.
+    stream_.reset();
     stream_ = std::make_unique<CaptureStream>(
         context_, source, tap_->bufferSizeFrames,
         [this](const AudioBuffer& buffer) {
@@ -126,7 +128,8 @@ std::optional<QString> PulseAudioEngine::openStream(const AudioSource& source) {
             }
         },
         [this](const QString& reason) {
-            if (captureEnded_ && isRunning_) {
+            // While it is being opened there is no stream yet, and the caller is told.
+            if (captureEnded_ && isRunning_ && stream_ != nullptr) {
                 captureEnded_(reason);
             }
         });

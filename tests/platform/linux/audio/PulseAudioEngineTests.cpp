@@ -184,8 +184,11 @@ TEST_F(PulseAudioEngineTest, StopAndStart_HearsAgain) {
 }
 
 TEST_F(PulseAudioEngineTest, StartedAgain_HearsNothingFromBeforeTheStart) {
+    // Of a client of its own: PipeWire 0.3.65 starves one of two recordings of the same client.
+    PulseAudioContext otherContext;
+    ASSERT_TRUE(otherContext.server().isConnected);
     BlockCollector otherBlocks;
-    PulseAudioEngine other(context_);
+    PulseAudioEngine other(otherContext);
     other.installTap(blockFrames, other.inputFormat(), otherBlocks.tap());
     ASSERT_EQ(other.start(), std::nullopt);
     installTap();
@@ -200,9 +203,7 @@ TEST_F(PulseAudioEngineTest, StartedAgain_HearsNothingFromBeforeTheStart) {
         loudness = toneAmplitude(channelOf(otherBlocks.next(4, patience), 0), 440, 48000);
     }
     ASSERT_LT(loudness, 0.001);
-    // PulseAudio holds back up to 1.5 ms of every stream, flushed or not: a twentieth of these two blocks at
-    // most.
-    EXPECT_LT(toneAmplitude(channelOf(startAndCollect(2), 0), 440, 48000), TonePlayer::amplitude * 0.05);
+    EXPECT_LT(toneAmplitude(channelOf(startAndCollect(2), 0), 440, 48000), 0.001);
 }
 
 TEST_F(PulseAudioEngineTest, StopClosedTheStream_StartOpensAnother) {

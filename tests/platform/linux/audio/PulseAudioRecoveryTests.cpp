@@ -77,6 +77,30 @@ TEST_F(PulseAudioRecoveryTest, DefaultChangesWhileADeviceIsChosen_IsNotFollowed)
         [](const AudioServer& server) { return server.defaultSourceUid == QStringLiteral("vmic"); }));
 }
 
+TEST_F(PulseAudioRecoveryTest, ServerHangs_CallsReturnAtOnceAndTheStreamThatRanDryIsReplaced) {
+    const auto recording = [] {
+        const QString list = pactl({QStringLiteral("list"), QStringLiteral("source-outputs")});
+        const QString ours = list.left(list.indexOf(QStringLiteral("\"Voice control\"")));
+        return ours.mid(ours.lastIndexOf(u'#')).section(u'\n', 0, 0);
+    };
+    installTap();
+    startAndCollect(2);
+    const QString before = recording();
+    EXPECT_EQ(engine_.start(), std::nullopt);
+    EXPECT_EQ(recording(), before);
+
+    freezeServer();
+    std::ignore = blocks_.next(10'000, CaptureStream::laterSoundPatience + 200ms);
+    const auto start = std::chrono::steady_clock::now();
+    engine_.stop();
+    EXPECT_EQ(engine_.inputFormat().channelCount, 1U);
+    EXPECT_EQ(engine_.start(), std::nullopt);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+    thawServer();
+    EXPECT_EQ(blocks_.next(2, patience).size(), 2U);
+    EXPECT_NE(recording(), before);
+}
+
 TEST_F(PulseAudioRecoveryTest, ServerKilledAndBack_ContextReconnectsAndStartWorks) {
     installTap();
     startAndCollect(2);

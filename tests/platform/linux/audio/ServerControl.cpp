@@ -1,8 +1,11 @@
 #include "platform/linux/audio/ServerControl.h"
 
+#include <QFile>
 #include <QProcess>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace brivandel {
 
@@ -21,10 +24,26 @@ QString control() {
     return qEnvironmentVariable("AUDIO_SERVER_CONTROL");
 }
 
+void signalServer(int signal) {
+    QFile note(qEnvironmentVariable("AUDIO_SERVER_DIRECTORY") + QStringLiteral("/server.pid"));
+    ASSERT_TRUE(note.open(QIODevice::ReadOnly));
+    const int process = note.readAll().trimmed().toInt();
+    ASSERT_GT(process, 0);
+    ASSERT_EQ(kill(process, signal), 0);
+}
+
 } // namespace
 
 QString pactl(const QStringList& arguments) {
     return run(QStringLiteral("pactl"), arguments);
+}
+
+void freezeServer() {
+    signalServer(SIGSTOP);
+}
+
+void thawServer() {
+    signalServer(SIGCONT);
 }
 
 void stopServer() {

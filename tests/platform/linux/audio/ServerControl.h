@@ -20,7 +20,11 @@ QString pactl(const QStringList& arguments);
 void stopServer();
 void startServer();
 
-/// The microphone vmic6, plugged in: the module to unload to unplug it.
+/// Has the server hang, and go on.
+void freezeServer();
+void thawServer();
+
+/// Plugs in a microphone that hears a monitor; returns the module to unload to unplug it.
 [[nodiscard]] QString plugInMicrophone(const QString& name, const QString& master);
 void unplug(const QString& module);
 
