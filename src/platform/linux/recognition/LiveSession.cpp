@@ -1,0 +1,56 @@
+#include "platform/linux/recognition/LiveSession.h"
+
+#include <utility>
+
+namespace brivandel {
+
+namespace {
+
+// At 48 kHz 85 ms: a session that is cancelled stops within that much decoding.
+constexpr std::size_t samplesPerRead = 4096;
+
+} // namespace
+
+LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Delivery> delivery,
+                         RecognitionSession::Reporting reporting, RecognitionSession::LeaseDecoder leaseDecoder,
+                         TimePoint now)
+    : sound_(std::move(sound))
+    , delivery_(std::move(delivery))
+    , input_(RecognitionSession(
+          reporting, std::move(leaseDecoder),
+          [to = delivery_](const auto& result, const auto& error) { to->deliver(result, error); }))
+    , lastSound_(now) {
+    samples_.reserve(samplesPerRead);
+}
+
+bool LiveSession::step(TimePoint now) {
+    // Looked at before the sound is read: what was written before it was set is then there to be read.
+    const bool soundHasEnded = sound_->hasEnded();
+    while (delivery_->isOpen() && !input_.hasEnded()) {
+        const bool dropped = sound_->takeDropped();
+        sound_->read(samples_, samplesPerRead);
+        if (samples_.empty()) {
+            break;
+        }
+        lastSound_ = now;
+        input_.process(samples_, sound_->sampleRateHz());
+        if (dropped) {
+            input_.skip();
+        }
+    }
+    if (!delivery_->isOpen()) {
+        return false;
+    }
+    if (soundHasEnded) {
+        input_.finish(RecognitionSession::Ending::CutOff);
+    } else if (sound_->otherSampleRateHz() != 0) {
+        input_.fail(QStringLiteral("The input changed from %1 to %2 samples a second.")
+                        .arg(sound_->sampleRateHz())
+                        .arg(sound_->otherSampleRateHz()));
+    } else if (now - lastSound_ >= starvation) {
+        input_.fail(QStringLiteral("No sound arrives from the input."));
+    }
+    return !input_.hasEnded();
+}
+
+} // namespace brivandel
