@@ -11,7 +11,7 @@
 #include "platform/linux/keys/X11KeySender.h"
 #include "platform/linux/keys/X11KeyboardLayout.h"
 #include "platform/linux/recognition/InlineSpeechRecognition.h"
-//OFF
+#include "platform/linux/recognition/OfflineSpeechRecognition.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
 #include "platform/qt/LogFile.h"
 #include "platform/qt/QtMainQueue.h"
@@ -55,12 +55,12 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
     platform->scriptHost = makeScriptHost(options);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
-    platform->defaults =
-        openDefaults(*platform->log, platform->workQueue.get(),
-                     [](const QString& message) { std::cerr << "brivandel: " << message.toStdString() << '\n'; });
+    platform->defaults = openDefaults(*platform->log, platform->workQueue.get(), [](const QString& message) {
+        std::cerr << "brivandel: " << message.toStdString() << '\n';
+    });
     platform->audioDevices = std::make_unique<PulseAudioDevices>(*audio);
     platform->audioEngine = std::make_unique<PulseAudioEngine>(*audio);
-    platform->speechRecognition = std::make_unique<InlineSpeechRecognition>();
+    platform->speechRecognition = std::make_unique<OfflineSpeechRecognition>();
     return platform;
 }
 
