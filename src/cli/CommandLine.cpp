@@ -22,6 +22,8 @@ constexpr auto adders = std::to_array({
     addTranscribeCommand,
     addScriptCommand,
     addReplayCommand,
+    addDevicesCommand,
+    addDoctorCommand,
 });
 
 // The command that an error is about: the subcommand that was named, if one was.

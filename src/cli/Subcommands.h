@@ -21,5 +21,7 @@ void addTranscribeCommand(CLI::App& app, Subcommands& subcommands);
 void addScriptCommand(CLI::App& app, Subcommands& subcommands);
 void addListenCommand(CLI::App& app, Subcommands& subcommands);
 void addReplayCommand(CLI::App& app, Subcommands& subcommands);
+void addDevicesCommand(CLI::App& app, Subcommands& subcommands);
+void addDoctorCommand(CLI::App& app, Subcommands& subcommands);
 
 } // namespace brivandel

@@ -14,7 +14,6 @@ TEST_F(CommandLineTest, BadUsage_EndsWithTwoAndOneLine) {
         {},
         {"tri"},
         {"try"},
-        {"listen"},
         {"transcribe"},
         {"commands", "--jsn"},
         {"replay", "--only", "lgo"},

@@ -1,6 +1,8 @@
 #include "cli/listen/FileListening.h"
 
 #include "cli/listen/FileAudioEngine.h"
+#include "cli/listen/ListenReport.h"
+#include "cli/listen/ObservedServices.h"
 #include "listening/VoiceController.h"
 #include "platform/Platform.h"
 #include "platform/scripted/MemoryDefaultsStore.h"
@@ -24,73 +26,6 @@ constexpr std::uint32_t blockFrameCount = 1024;
 // Long enough for the recogniser to notice that an utterance at the very end of a file is over.
 constexpr auto silenceAfterFile = 1500ms;
 
-// Passes the recogniser on, and shows what it delivers.
-class ShownRecognizer final : public SpeechRecognizer {
-public:
-    using Show = std::function<void(const RecognitionResult&)>;
-
-    ShownRecognizer(std::unique_ptr<SpeechRecognizer> recognizer, Show show)
-        : recognizer_(std::move(recognizer))
-        , show_(std::move(show)) {}
-
-    void setVocabulary(const RecognitionVocabulary& vocabulary) override {
-        recognizer_->setVocabulary(vocabulary);
-    }
-
-    std::unique_ptr<SpeechRecognitionTask> startTask(std::shared_ptr<SpeechRecognitionRequest> request,
-                                                     ResultHandler handler) override {
-        return recognizer_->startTask(std::move(request), [show = show_, handler = std::move(handler)](
-                                                              const auto& result, const auto& error) {
-            if (result) {
-                show(*result);
-            }
-            handler(result, error);
-        });
-    }
-
-private:
-    std::unique_ptr<SpeechRecognizer> recognizer_;
-    Show show_;
-};
-
-class ShownRecognition final : public SpeechRecognition {
-public:
-    ShownRecognition(SpeechRecognition& recognition, ShownRecognizer::Show show)
-        : recognition_(recognition)
-        , show_(std::move(show)) {}
-
-    std::unique_ptr<SpeechRecognizer> makeRecognizer(const QString& locale) override {
-        auto recognizer = recognition_.makeRecognizer(locale);
-        return recognizer ? std::make_unique<ShownRecognizer>(std::move(recognizer), show_) : nullptr;
-    }
-    std::shared_ptr<SpeechRecognitionRequest> makeRequest() override { return recognition_.makeRequest(); }
-
-private:
-    SpeechRecognition& recognition_;
-    ShownRecognizer::Show show_;
-};
-
-// Runs scripts on the host that it is given, and shows how they end.
-class ShownScriptHost final : public ScriptHost {
-public:
-    using Show = std::function<void(const std::optional<ScriptErrorDictionary>&)>;
-
-    ShownScriptHost(ScriptHost* host, Show show) : host_(host), show_(std::move(show)) {}
-
-    std::optional<ScriptErrorDictionary> run(const QString& source) override {
-        if (host_ == nullptr) {
-            return std::nullopt;
-        }
-        auto error = host_->run(source);
-        show_(error);
-        return error;
-    }
-
-private:
-    ScriptHost* host_;
-    Show show_;
-};
-
 // Sound that is already there needs nobody's permission, and nothing but the events is shown.
 class SilentServices final : public Permissions, public Notifier, public Beeper, public DiagnosticLog {
 public:
@@ -108,7 +43,7 @@ public:
 class FileSession {
 public:
     FileSession(const AudioFormat& format, SpeechRecognition& recognition,
-                const FileListeningOptions& options, const FileListeningEvents& events)
+                const FileListeningOptions& options, ListenReport& report)
         : options_(options) {
         auto mainQueue = std::make_unique<VirtualMainQueue>();
         mainQueue_ = mainQueue.get();
@@ -122,27 +57,28 @@ public:
         platform_.permissions = std::make_unique<SilentServices>();
         platform_.notifier = std::make_unique<SilentServices>();
         platform_.beeper = std::make_unique<SilentServices>();
-        platform_.scriptHost = std::make_unique<ShownScriptHost>(
-            options.scriptHost, [this, &events](const auto& error) { events.script(seconds(), error); });
+        platform_.scriptHost = std::make_unique<ObservedScriptHost>(
+            options.scriptHost, [this, &report](const auto& error) { report.script(seconds(), error); });
         platform_.defaults = std::make_unique<MemoryDefaultsStore>(options.storedObjects);
         platform_.audioDevices = std::make_unique<NoAudioDevices>();
         platform_.audioEngine = std::move(audioEngine);
-        platform_.speechRecognition =
-            std::make_unique<ShownRecognition>(recognition, [this, &events](const RecognitionResult& result) {
-                events.heard(seconds(), result);
-            });
+        platform_.speechRecognition = std::make_unique<ObservedRecognition>(
+            recognition,
+            [this, &report](const RecognitionResult& result) { report.heard(seconds(), result); });
 
         controller_ = std::make_unique<VoiceController>(platform_);
         QObject::connect(controller_.get(), &VoiceController::willAct, controller_.get(),
-                         [this, &events](const Decision& decision) {
-                             events.command(seconds(), controller_->lastTranscript(),
+                         [this, &report](const Decision& decision) {
+                             report.command(seconds(), controller_->lastTranscript(),
                                             controller_->useWakeWord(), decision);
                          });
         mainQueue_->runDue();
         controller_->setIsListening(true);
         mainQueue_->runDue();
         start_ = std::chrono::steady_clock::now();
-        events.began(start_);
+        if (options.inRealTime) {
+            report.began(start_);
+        }
     }
 
     void feed(const AudioBuffer& buffer) {
@@ -184,8 +120,8 @@ private:
 } // namespace
 
 void listenToFile(WaveFile& file, SpeechRecognition& recognition, const FileListeningOptions& options,
-                  const FileListeningEvents& events) {
-    FileSession session(file.format(), recognition, options, events);
+                  ListenReport& report) {
+    FileSession session(file.format(), recognition, options, report);
     while (const auto buffer = file.read(blockFrameCount)) {
         session.feed(*buffer);
     }

@@ -1,4 +1,5 @@
 #include "platform/PlatformFactory.h"
+#include "platform/linux/TargetSetting.h"
 #include "platform/linux/applescript/LinuxScriptHost.h"
 #include "platform/linux/audio/PulseAudioContext.h"
 #include "platform/linux/audio/PulseAudioDevices.h"
@@ -25,12 +26,6 @@
 namespace brivandel {
 
 namespace {
-
-TargetName targetName(const PlatformOptions& options) {
-    const QString setting =
-        options.target.isEmpty() ? qEnvironmentVariable("BRIVANDEL_TARGET") : options.target;
-    return TargetName::fromSetting(setting);
-}
 
 std::unique_ptr<DefaultsStore> openDefaults(DiagnosticLog& log, WorkQueue* workQueue,
                                             std::function<void(const QString&)> complaint) {
@@ -82,7 +77,7 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), targetName(options));
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), targetSetting(options));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {

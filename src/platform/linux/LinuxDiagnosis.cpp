@@ -1,0 +1,174 @@
+#include "platform/Diagnosis.h"
+#include "platform/linux/TargetSetting.h"
+#include "platform/linux/audio/PulseAudioContext.h"
+#include "platform/linux/audio/PulseAudioEngine.h"
+#include "platform/linux/desktop/DesktopInquiry.h"
+#include "platform/linux/desktop/SystemTray.h"
+#include "platform/linux/keys/X11KeySender.h"
+#include "platform/linux/recognition/RecognitionProblems.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+namespace brivandel {
+
+using namespace std::chrono_literals;
+using State = Finding::State;
+
+namespace {
+
+Finding recogniser() {
+    const QString subject = QStringLiteral("recogniser");
+    if (const auto problem = recognitionModelProblem()) {
+        return {subject, State::Missing, *problem,
+                QStringLiteral("install the Debian package pocketsphinx-en-us")};
+    }
+    return {subject, State::Well, QStringLiteral("offline, American English"), {}};
+}
+
+// The loudest sample of a moment's sound; none when no sound comes.
+std::optional<float> listenForAMoment(PulseAudioContext& context, QString& failure) {
+    constexpr std::uint32_t blockFrameCount = 1024;
+    constexpr int wantedBlocks = 20; // a good 0.4 s at 48 kHz: the first blocks of some servers are empty
+    constexpr auto patience = 3s;    // PulseAudio was seen to take 2.2 s for its first sound
+
+    // Waiting here is the main thread's, which has nothing else to do.
+    std::mutex mutex;
+    std::condition_variable arrived;
+    int blocks = 0;
+    float loudest = 0;
+
+    PulseAudioEngine engine(context);
+    engine.installTap(blockFrameCount, engine.inputFormat(), [&](const AudioBuffer& buffer) {
+        const std::scoped_lock lock(mutex);
+        for (std::uint32_t frame = 0; frame < buffer.frameLength; ++frame) {
+            loudest = std::max(loudest, std::abs(buffer.channels[0][frame]));
+        }
+        ++blocks;
+        arrived.notify_one();
+    });
+    if (auto problem = engine.start()) {
+        failure = *problem;
+        return std::nullopt;
+    }
+    std::unique_lock lock(mutex);
+    const bool came = arrived.wait_for(lock, patience, [&] { return blocks >= wantedBlocks; });
+    lock.unlock();
+    engine.stop();
+    engine.removeTap();
+    if (!came) {
+        failure = QStringLiteral("no sound arrives from it");
+        return std::nullopt;
+    }
+    return loudest;
+}
+
+void lookAtSound(std::vector<Finding>& findings) {
+    PulseAudioContext context;
+    const AudioServer server = context.server();
+    const QString serverSubject = QStringLiteral("sound server");
+    const QString microphoneSubject = QStringLiteral("microphone");
+    if (!server.isConnected) {
+        findings.push_back({serverSubject, State::Missing, server.problem,
+                            QStringLiteral("start PipeWire (with pipewire-pulse) or PulseAudio")});
+        return;
+    }
+    findings.push_back({serverSubject, State::Well, server.name, {}});
+    const AudioSource* microphone = server.defaultMicrophone();
+    if (!server.hasMicrophone() || microphone == nullptr) {
+        findings.push_back({microphoneSubject, State::Missing,
+                            QStringLiteral("the sound server has no input"),
+                            QStringLiteral("plug one in, or choose one in the desktop's sound settings")});
+        return;
+    }
+    QString failure;
+    const auto loudest = listenForAMoment(context, failure);
+    if (!loudest) {
+        findings.push_back({microphoneSubject, State::Missing,
+                            microphone->description + QStringLiteral(": ") + failure,
+                            QStringLiteral("look whether another program holds it, or choose another")});
+        return;
+    }
+    constexpr float silentFloor = 1e-5F; // -100 dB: below the noise of any microphone that is switched on
+    if (*loudest < silentFloor) {
+        findings.push_back({microphoneSubject, State::Wanting,
+                            microphone->description + QStringLiteral(" is perfectly silent"),
+                            QStringLiteral("look whether it is muted or switched off")});
+        return;
+    }
+    const double decibels = 20 * std::log10(double{*loudest});
+    findings.push_back(
+        {microphoneSubject,
+         State::Well,
+         QStringLiteral("%1, loudest just now %2 dB").arg(microphone->description).arg(decibels, 0, 'f', 0),
+         {}});
+}
+
+void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
+    const KeySenderReport report = X11KeySender().report(target);
+    const QString display = QStringLiteral("display");
+    if (!report.problem.isEmpty()) {
+        findings.push_back({display, State::Missing, report.problem,
+                            QStringLiteral("run the program in an X11 session, or under Xwayland")});
+        return;
+    }
+    findings.push_back({display, State::Well, qEnvironmentVariable("DISPLAY"), {}});
+    findings.push_back(
+        report.windowManager.isEmpty()
+            ? Finding{QStringLiteral("window manager"), State::Wanting, QStringLiteral("there is none"),
+                      QStringLiteral(
+                          "start one: without it, windows cannot be brought to the front properly")}
+            : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
+    const QString wanted = target.text.isEmpty() ? QStringLiteral("Logic Pro") : target.text;
+    if (report.target) {
+        findings.push_back(
+            {QStringLiteral("target"),
+             State::Well,
+             QStringLiteral("%1, window \"%2\"").arg(report.target->program, report.target->windowTitle),
+             {}});
+    } else {
+        findings.push_back(
+            {QStringLiteral("target"), State::Wanting,
+             QStringLiteral("no program \"%1\" has a window").arg(wanted),
+             QStringLiteral("start it, or name your workstation with --target or BRIVANDEL_TARGET")});
+    }
+}
+
+void lookAtDesktop(std::vector<Finding>& findings) {
+    const DesktopInquiry desktop = inquireDesktop();
+    const QString notifications = QStringLiteral("notifications");
+    if (desktop.busProblem) {
+        findings.push_back({notifications, State::Wanting, *desktop.busProblem,
+                            QStringLiteral("start the program in a desktop session")});
+    } else if (!desktop.notificationService) {
+        findings.push_back({notifications, State::Wanting, QStringLiteral("no service shows them"),
+                            QStringLiteral("start one, as for example dunst")});
+    } else {
+        findings.push_back({notifications, State::Well, *desktop.notificationService, {}});
+    }
+    const QString tray = QStringLiteral("tray");
+    if (desktop.hasStatusItemHost) {
+        findings.push_back({tray, State::Well, QStringLiteral("a panel that shows status items"), {}});
+    } else if (hasXEmbedTray()) {
+        findings.push_back({tray, State::Well, QStringLiteral("a tray of the older kind"), {}});
+    } else {
+        findings.push_back({tray, State::Wanting, QStringLiteral("there is none"),
+                            QStringLiteral("start a panel with a tray to have the program in sight")});
+    }
+}
+
+} // namespace
+
+std::vector<Finding> diagnose(const PlatformOptions& options) {
+    std::vector<Finding> findings = {recogniser()};
+    lookAtSound(findings);
+    lookAtKeys(findings, targetSetting(options));
+    lookAtDesktop(findings);
+    return findings;
+}
+
+} // namespace brivandel
