@@ -35,7 +35,7 @@ void print(const Finding& finding, bool json, std::ostream& out) {
     out << (isWell ? "✓ " : "✗ ") << finding.subject.leftJustified(subjectWidth).toStdString() << ' '
         << finding.detail.toStdString();
     if (!isWell) {
-        out << ": " << finding.remedy.toStdString();
+        out << "; " << finding.remedy.toStdString();
     }
     out << '\n';
 }

@@ -109,7 +109,8 @@ void lookAtSound(std::vector<Finding>& findings) {
 }
 
 void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
-    const KeySenderReport report = X11KeySender().report(target);
+    const TargetName wanted = target.text.isEmpty() ? TargetName{QStringLiteral("Logic Pro")} : target;
+    const KeySenderReport report = X11KeySender().report(wanted);
     const QString display = QStringLiteral("display");
     if (!report.problem.isEmpty()) {
         findings.push_back({display, State::Missing, report.problem,
@@ -123,7 +124,6 @@ void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
                       QStringLiteral(
                           "start one: without it, windows cannot be brought to the front properly")}
             : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
-    const QString wanted = target.text.isEmpty() ? QStringLiteral("Logic Pro") : target.text;
     if (report.target) {
         findings.push_back(
             {QStringLiteral("target"),
@@ -133,7 +133,7 @@ void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
     } else {
         findings.push_back(
             {QStringLiteral("target"), State::Wanting,
-             QStringLiteral("no program \"%1\" has a window").arg(wanted),
+             QStringLiteral("no program \"%1\" has a window").arg(wanted.text),
              QStringLiteral("start it, or name your workstation with --target or BRIVANDEL_TARGET")});
     }
 }
