@@ -23,8 +23,8 @@ std::unique_ptr<brivandel::KeyWindow> makeWindow(const QString& title, const QBy
         title, brivandel::KeyWindow::Reports{
                    .ready =
                        [readyEvent](WId window) {
-                           writeLine("{\"event\":\"" + readyEvent +
-                                     "\",\"window\":" + QByteArray::number(window) + "}\n");
+                           writeLine(R"({"event":")" + readyEvent + R"(","window":)" +
+                                     QByteArray::number(window) + "}\n");
                        },
                    .key = [](const brivandel::ReceivedKey& key) { writeLine(key.toJsonLine()); },
                });
@@ -67,7 +67,7 @@ int main(int argc, char* argv[]) {
                 dialog->setTransientParent(window.get());
                 dialog->show();
             } else if (line == "mark") {
-                writeLine("{\"event\":\"mark\"}\n");
+                writeLine(QByteArray(R"({"event":"mark"})") + '\n');
             }
         },
         [] { QCoreApplication::quit(); });

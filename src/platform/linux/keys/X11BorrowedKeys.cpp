@@ -49,7 +49,7 @@ void BorrowedKeys::putBack() {
     if (isEmpty()) {
         return;
     }
-    assign(std::vector<xcb_keysym_t>(keys_.count * symbolsPerKey, XCB_NO_SYMBOL));
+    assign(std::vector<xcb_keysym_t>(std::size_t{keys_.count} * symbolsPerKey, XCB_NO_SYMBOL));
     connection_.sync();
     keys_ = {};
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <future>
+#include <mutex>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -51,6 +52,12 @@ KeyFailure notAnswering() {
     return {KeyFailure::Kind::TimedOut, QStringLiteral("The X display does not answer.")};
 }
 
+/// One at a time: libXau keeps the name of the authority file in a buffer that all its callers share.
+std::timed_mutex& connecting() {
+    static std::timed_mutex mutex;
+    return mutex;
+}
+
 } // namespace
 
 std::variant<std::unique_ptr<Connection>, KeyFailure> Connection::open(const QByteArray& display,
@@ -81,12 +88,17 @@ std::variant<std::unique_ptr<Connection>, KeyFailure> Connection::open(const QBy
 /// runs on a thread of its own; one that comes too late cleans up behind itself.
 std::optional<std::pair<Connection::Handle, int>> Connection::connectBy(const QByteArray& display,
                                                                         Deadline deadline) {
-    std::promise<std::pair<Handle, int>> promise;
+    std::promise<std::optional<std::pair<Handle, int>>> promise;
     auto answer = promise.get_future();
-    std::thread([display, promise = std::move(promise)]() mutable {
+    std::thread([display, deadline, promise = std::move(promise)]() mutable {
+        const std::unique_lock turn(connecting(), deadline);
+        if (!turn.owns_lock()) {
+            promise.set_value(std::nullopt);
+            return;
+        }
         int screenIndex = 0;
         Handle handle(xcb_connect(display.isEmpty() ? nullptr : display.constData(), &screenIndex));
-        promise.set_value({std::move(handle), screenIndex});
+        promise.set_value(std::pair(std::move(handle), screenIndex));
     }).detach();
     if (answer.wait_until(deadline) != std::future_status::ready) {
         return std::nullopt;
@@ -137,7 +149,7 @@ void Connection::internAtoms() {
     });
 }
 
-void Connection::selectKeyboardEvents() {
+void Connection::selectKeyboardEvents() const {
     constexpr std::uint16_t events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
     constexpr std::uint16_t mapParts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                        XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS;

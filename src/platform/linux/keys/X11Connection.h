@@ -98,7 +98,7 @@ private:
                                                                          Deadline deadline);
     [[nodiscard]] bool setUp(int screenIndex);
     void internAtoms();
-    void selectKeyboardEvents();
+    void selectKeyboardEvents() const;
     [[nodiscard]] bool noteKeyboardChange(const xcb_generic_event_t& event);
 
     Handle connection_;

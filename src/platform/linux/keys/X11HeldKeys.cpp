@@ -19,7 +19,7 @@ constexpr std::uint8_t everyModifier = 0xff;
 DownKeys fromBytes(std::span<const std::uint8_t, 32> bytes) {
     DownKeys keys;
     for (std::size_t key = 0; key < keys.size(); ++key) {
-        keys[key] = ((bytes[key / 8] >> (key % 8)) & 1U) != 0;
+        keys[key] = std::bitset<8>(bytes[key / 8])[key % 8];
     }
     return keys;
 }
@@ -39,7 +39,7 @@ std::vector<xcb_keycode_t> modifierKeys(const Connection& connection) {
     std::vector<xcb_keycode_t> keys(codes, codes + xcb_get_modifier_mapping_keycodes_length(answer.get()));
     std::erase(keys, 0);
     std::ranges::sort(keys);
-    keys.erase(std::ranges::unique(keys).begin(), keys.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     return keys;
 }
 

@@ -2,9 +2,10 @@
 
 #include "platform/linux/keys/X11HeldKeys.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <chrono>
-#include <ranges>
 #include <utility>
 
 namespace brivandel::x11 {
@@ -184,9 +185,8 @@ void Session::send(const KeyPress& press) const {
     }
     fakeKey(*connection_, press.key, true);
     fakeKey(*connection_, press.key, false);
-    for (const xcb_keycode_t key : std::views::reverse(press.held)) {
-        fakeKey(*connection_, key, false);
-    }
+    std::for_each(press.held.rbegin(), press.held.rend(),
+                  [this](xcb_keycode_t key) { fakeKey(*connection_, key, false); });
 }
 
 std::optional<KeyFailure> Session::focusFailure(const WindowOwner& target) const {

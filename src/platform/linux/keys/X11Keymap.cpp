@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
+#include <span>
 #include <utility>
 
 namespace brivandel::x11 {
@@ -75,8 +75,7 @@ std::optional<KeyPress> Keymap::pressForKeyCode(std::uint16_t virtualKeyCode, Ke
         return std::nullopt;
     }
     const unsigned key = *evdevCode + xKeyCodeOffset;
-    if (key < xkb_keymap_min_keycode(keymap_.get()) || key > xkb_keymap_max_keycode(keymap_.get()) ||
-        key > UINT8_MAX) {
+    if (key < firstKey() || key > lastKey()) {
         return std::nullopt;
     }
     KeyPress result{
@@ -87,10 +86,9 @@ std::optional<KeyPress> Keymap::pressForKeyCode(std::uint16_t virtualKeyCode, Ke
 
 std::optional<KeyPress> Keymap::pressForCharacter(char32_t character, KeyModifiers modifiers) const {
     std::optional<KeyPress> best;
-    for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap_.get());
-         key <= xkb_keymap_max_keycode(keymap_.get()); ++key) {
+    for (xkb_keycode_t key = firstKey(); key <= lastKey(); ++key) {
         const xkb_layout_index_t layout = layoutOf(key, activeLayout_);
-        if (layout == XKB_LAYOUT_INVALID || key > UINT8_MAX) {
+        if (layout == XKB_LAYOUT_INVALID) {
             continue;
         }
         const xkb_level_index_t levelCount = xkb_keymap_num_levels_for_key(keymap_.get(), key, layout);
@@ -134,11 +132,21 @@ xcb_keycode_t Keymap::modifierKey(xkb_keysym_t wanted, std::uint16_t usualEvdevC
     if (hasIt(usual)) {
         return usual;
     }
-    const auto keys =
-        std::views::iota(xkb_keymap_min_keycode(keymap_.get()),
-                         std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap_.get()), UINT8_MAX) + 1);
-    const auto found = std::ranges::find_if(keys, hasIt);
-    return found == keys.end() ? usual : static_cast<xcb_keycode_t>(*found);
+    for (xkb_keycode_t key = firstKey(); key <= lastKey(); ++key) {
+        if (hasIt(key)) {
+            return static_cast<xcb_keycode_t>(key);
+        }
+    }
+    return usual;
+}
+
+xkb_keycode_t Keymap::firstKey() const {
+    return xkb_keymap_min_keycode(keymap_.get());
+}
+
+/// A keymap may have more keys than the core protocol can send.
+xkb_keycode_t Keymap::lastKey() const {
+    return std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap_.get()), UINT8_MAX);
 }
 
 std::optional<std::vector<xcb_keycode_t>> Keymap::keysForLevel(xkb_keycode_t key, xkb_layout_index_t layout,
@@ -192,8 +200,7 @@ xkb_keysym_t Keymap::symbol(xkb_keycode_t key, xkb_layout_index_t layout, xkb_le
 KeyRun Keymap::spareKeys() const {
     KeyRun longest;
     KeyRun run;
-    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap_.get()), UINT8_MAX);
-    for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap_.get()); key <= last; ++key) {
+    for (xkb_keycode_t key = firstKey(); key <= lastKey(); ++key) {
         if (xkb_keymap_num_layouts_for_key(keymap_.get(), key) != 0) {
             run.count = 0;
             continue;
@@ -225,8 +232,7 @@ std::uint8_t Keymap::numLockMask() const {
 
 bool Keymap::typesAllLetters(xkb_layout_index_t layout) const {
     std::array<bool, 26> typed{};
-    for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap_.get());
-         key <= xkb_keymap_max_keycode(keymap_.get()); ++key) {
+    for (xkb_keycode_t key = firstKey(); key <= lastKey(); ++key) {
         if (layout >= xkb_keymap_num_layouts_for_key(keymap_.get(), key)) {
             continue;
         }
@@ -238,19 +244,25 @@ bool Keymap::typesAllLetters(xkb_layout_index_t layout) const {
     return std::ranges::all_of(typed, std::identity{});
 }
 
-std::optional<QString> Keymap::nameOfKey(xcb_keycode_t key) const {
-    xkb_layout_index_t layout = activeLayout_;
-    if (!typesAllLetters(layout)) {
-        const auto layouts = std::views::iota(xkb_layout_index_t{0}, xkb_keymap_num_layouts(keymap_.get()));
-        const auto found =
-            std::ranges::find_if(layouts, [this](auto index) { return typesAllLetters(index); });
-        if (found == layouts.end()) {
-            return std::nullopt;
+std::optional<xkb_layout_index_t> Keymap::layoutOfLetters() const {
+    if (typesAllLetters(activeLayout_)) {
+        return activeLayout_;
+    }
+    for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts(keymap_.get()); ++layout) {
+        if (typesAllLetters(layout)) {
+            return layout;
         }
-        layout = *found;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> Keymap::nameOfKey(xcb_keycode_t key) const {
+    const auto layout = layoutOfLetters();
+    if (!layout) {
+        return std::nullopt;
     }
     const std::unique_ptr<xkb_state, Release> state(xkb_state_new(keymap_.get()));
-    xkb_state_update_mask(state.get(), 0, 0, numLockMask(), 0, 0, layout);
+    xkb_state_update_mask(state.get(), 0, 0, numLockMask(), 0, 0, *layout);
     const std::uint32_t character = xkb_state_key_get_utf32(state.get(), key);
     // Return, Escape and the like "type" control characters, which name nothing.
     if (character == 0 || QChar::category(character) == QChar::Other_Control) {

@@ -59,10 +59,13 @@ private:
     [[nodiscard]] xkb_layout_index_t layoutOf(xkb_keycode_t key, xkb_layout_index_t layout) const;
     [[nodiscard]] xkb_keysym_t symbol(xkb_keycode_t key, xkb_layout_index_t layout,
                                       xkb_level_index_t level) const;
+    [[nodiscard]] xkb_keycode_t firstKey() const;
+    [[nodiscard]] xkb_keycode_t lastKey() const;
+    [[nodiscard]] std::optional<xkb_layout_index_t> layoutOfLetters() const;
     [[nodiscard]] bool typesAllLetters(xkb_layout_index_t layout) const;
     [[nodiscard]] std::optional<std::vector<xcb_keycode_t>>
     keysForLevel(xkb_keycode_t key, xkb_layout_index_t layout, xkb_level_index_t level) const;
-    [[nodiscard]] xcb_keycode_t modifierKey(xkb_keysym_t symbol, std::uint16_t usualEvdevCode) const;
+    [[nodiscard]] xcb_keycode_t modifierKey(xkb_keysym_t wanted, std::uint16_t usualEvdevCode) const;
     void hold(KeyPress& press, KeyModifiers modifiers) const;
 
     std::unique_ptr<xkb_keymap, Release> keymap_;

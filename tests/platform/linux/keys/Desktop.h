@@ -61,7 +61,7 @@ public:
 
 private:
     QJsonObject readEvent();
-    xcb_window_t awaitWindow(const QString& event);
+    xcb_window_t awaitWindow(const QString& name);
 
     QProcess process_;
     xcb_window_t window_ = XCB_NONE;

@@ -77,7 +77,7 @@ protected:
         window_ = std::make_unique<KeyWindowProcess>();
         open_ = openTarget();
     }
-    void press(std::uint16_t virtualKeyCode, KeyModifiers modifiers = {}) {
+    void press(std::uint16_t virtualKeyCode, KeyModifiers modifiers = {}) const {
         const auto failure = open_.session->pressKey(open_.target, virtualKeyCode, modifiers, soon());
         EXPECT_FALSE(failure) << failure->detail.toStdString();
     }

@@ -83,9 +83,9 @@ TEST(NoDisplay, Layout_NamesNoKey) {
 }
 
 TEST(SilentDisplay, Script_GivesUpInTime) {
-    const SilentDisplay display;
-    ASSERT_TRUE(display.isListening());
-    LinuxScriptHost host(std::make_unique<X11KeySender>(display.name()), {},
+    auto display = std::make_unique<SilentDisplay>();
+    ASSERT_TRUE(display->isListening());
+    LinuxScriptHost host(std::make_unique<X11KeySender>(display->name()), {},
                          std::make_unique<script::SystemScriptTime>(), 200ms);
 
     const auto start = std::chrono::steady_clock::now();
@@ -97,6 +97,11 @@ TEST(SilentDisplay, Script_GivesUpInTime) {
         messageOf(*error),
         QStringLiteral("System Events got an error: AppleEvent timed out. The X display does not answer."));
     EXPECT_EQ(error->value(QString::fromUtf16(ScriptErrorKey::number)), -1712);
+
+    // Once it is gone, others can be tried.
+    display.reset();
+    EXPECT_EQ(X11KeySender(":4999").report({}, 20s).problem,
+              QStringLiteral("The X display \":4999\" can’t be opened."));
 }
 
 } // namespace brivandel

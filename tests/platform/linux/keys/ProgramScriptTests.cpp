@@ -31,7 +31,7 @@ void expectKey(const SeenKey& seen, const ExpectedKey& expected, bool digitsNeed
         EXPECT_EQ(seen.modifiers, wordsOf(expected.modifiers));
         return;
     }
-    const QString& character = std::get<QString>(expected.key);
+    const auto& character = std::get<QString>(expected.key);
     // With command, a text would be a control character: there the symbol tells.
     if (expected.modifiers.testFlag(KeyModifier::Command)) {
         EXPECT_EQ(seen.symbol.toLower(), character);
