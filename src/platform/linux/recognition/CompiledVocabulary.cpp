@@ -34,7 +34,8 @@ public:
             add(fallbackWakePhrase, setWakePhrase);
         }
         for (const QString& phrase : source.phrases) {
-            add(phrase, [&graph](const QString& text, const QStringList& words) { graph.addPhrase(text, words); });
+            add(phrase,
+                [&graph](const QString& text, const QStringList& words) { graph.addPhrase(text, words); });
         }
         for (const QString& phrase : source.barPhrases) {
             add(phrase,
@@ -53,7 +54,8 @@ private:
             words.insert(word);
         }
         const RecognitionVocabulary& source = compiled_->source;
-        for (const QString& phrase : QStringList{source.wakePhrase, fallbackWakePhrase} + source.phrases + source.barPhrases) {
+        for (const QString& phrase :
+             QStringList{source.wakePhrase, fallbackWakePhrase} + source.phrases + source.barPhrases) {
             for (const QStringList& form : spokenForms(phrase)) {
                 words.unite(QSet<QString>(form.begin(), form.end()));
             }

@@ -8,6 +8,7 @@
 #include <sphinxbase/ngram_model.h>
 #include <sys/mman.h>
 #include <unistd.h>
+
 #include <utility>
 
 namespace brivandel {
@@ -17,10 +18,10 @@ namespace {
 /// A file in memory, for a library that reads from files only.
 class MemoryFile {
 public:
-    explicit MemoryFile(const QByteArray& content)
-        : descriptor_(memfd_create("brivandel", MFD_CLOEXEC)) {
+    explicit MemoryFile(const QByteArray& content) : descriptor_(memfd_create("brivandel", MFD_CLOEXEC)) {
         QFile file;
-        complete_ = file.open(descriptor_, QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+        complete_ = file.open(descriptor_, QIODevice::WriteOnly) && file.write(content) == content.size() &&
+                    file.flush();
     }
     ~MemoryFile() {
         if (descriptor_ >= 0) {
@@ -50,14 +51,17 @@ struct FreeConfiguration {
 /// All branches of a grammar are equally likely: which phrases a musician uses is not known.
 constexpr int evenLogProbability = 0;
 
-cmn_t* cepstralMean(ps_decoder_t* decoder) { return ps_get_feat(decoder)->cmn_struct; }
+cmn_t* cepstralMean(ps_decoder_t* decoder) {
+    return ps_get_feat(decoder)->cmn_struct;
+}
 
 } // namespace
 
-void Decoder::Delete::operator()(ps_decoder_s* handle) const { ps_free(handle); }
+void Decoder::Delete::operator()(ps_decoder_s* handle) const {
+    ps_free(handle);
+}
 
-Decoder::Decoder(Handle handle)
-    : handle_(std::move(handle)) {
+Decoder::Decoder(Handle handle) : handle_(std::move(handle)) {
     const cmn_t* mean = cepstralMean(handle_.get());
     initialMean_.assign(mean->cmn_mean, mean->cmn_mean + mean->veclen);
 }
@@ -66,11 +70,12 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring)
     // Process-wide, but never anything else: the engine's chatter belongs on nobody's terminal.
     err_set_logfp(nullptr);
     const QByteArray acousticModel = QFile::encodeName(files.acousticModel);
-    // No second and third pass of the engine's own: they answer only at the end of an utterance, and a small vocabulary
-    // gains nothing by them. Silence is kept since the endpointer decides what silence is.
+    // No second and third pass of the engine's own: they answer only at the end of an utterance, and a small
+    // vocabulary gains nothing by them. Silence is kept since the endpointer decides what silence is.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
-        cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no", "-lw", "6.5",
-                    "-fwdflat", "no", "-bestpath", "no", "-compallsen", scoring == Scoring::InFull ? "yes" : "no", nullptr));
+        cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no",
+                    "-lw", "6.5", "-fwdflat", "no", "-bestpath", "no", "-compallsen",
+                    scoring == Scoring::InFull ? "yes" : "no", nullptr));
     if (!configuration) {
         return nullptr;
     }
@@ -157,7 +162,8 @@ bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expect
 void Decoder::begin(const QString& search) {
     end();
     ps_set_search(handle_.get(), search.toUtf8().constData());
-    // A stream of its own: the places of words are counted from its beginning, and nothing is kept of the noise before.
+    // A stream of its own: the places of words are counted from its beginning, and nothing is kept of the
+    // noise before.
     ps_start_stream(handle_.get());
     cmn_live_set(cepstralMean(handle_.get()), initialMean_.data());
     inUtterance_ = ps_start_utt(handle_.get()) == 0;

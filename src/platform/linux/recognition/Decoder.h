@@ -24,13 +24,13 @@ struct HeardSegment {
     QString word;
     int firstFrame = 0;
     int frameCount = 0;
-    /// How well the sound fits, summed over the frames: a logarithm, larger is better. Comparable between decoders
-    /// that score in full.
+    /// How well the sound fits, summed over the frames: a logarithm, larger is better. Comparable between
+    /// decoders that score in full.
     double score = 0;
 };
 
-/// One decoder of the engine, with the searches that it was given. Any one thread at a time; several decoders may run
-/// in several threads.
+/// One decoder of the engine, with the searches that it was given. Any one thread at a time; several decoders
+/// may run in several threads.
 class Decoder {
 public:
     /// Scoring in full takes twice the time, and makes the scores of different searches comparable.
@@ -41,7 +41,8 @@ public:
 
     /// Replaces the dictionary, and drops all searches. False when the engine refuses it.
     [[nodiscard]] bool setDictionary(const Pronunciations& pronunciations);
-    /// Adds a search through a language model in ARPA format, or through a graph that every utterance must fit.
+    /// Adds a search through a language model in ARPA format, or through a graph that every utterance must
+    /// fit.
     [[nodiscard]] bool addLanguageModel(const QString& search, const QByteArray& arpa);
     [[nodiscard]] bool addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting);
 
@@ -66,7 +67,8 @@ private:
     Handle handle_;
     bool inUtterance_ = false;
     QStringList searches_;
-    /// The mean of the model's training: every utterance starts from it, so that none depends on those before.
+    /// The mean of the model's training: every utterance starts from it, so that none depends on those
+    /// before.
     std::vector<float> initialMean_;
 };
 

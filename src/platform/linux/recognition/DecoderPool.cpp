@@ -12,11 +12,13 @@ std::shared_ptr<const CompiledVocabulary> DecoderPool::compiled(const Recognitio
     return compiled_;
 }
 
-std::unique_ptr<PhraseDecoder> DecoderPool::takeIdle(const std::shared_ptr<const CompiledVocabulary>& vocabulary) {
+std::unique_ptr<PhraseDecoder>
+DecoderPool::takeIdle(const std::shared_ptr<const CompiledVocabulary>& vocabulary) {
     if (idle_.empty()) {
         return PhraseDecoder::load(files_);
     }
-    const auto ready = std::ranges::find(idle_, vocabulary, [](const auto& decoder) { return decoder->vocabulary(); });
+    const auto ready =
+        std::ranges::find(idle_, vocabulary, [](const auto& decoder) { return decoder->vocabulary(); });
     const auto chosen = ready != idle_.end() ? ready : idle_.begin();
     std::unique_ptr<PhraseDecoder> decoder = std::move(*chosen);
     idle_.erase(chosen);

@@ -9,15 +9,14 @@
 
 namespace brivandel {
 
-/// Keeps decoders with their models, and lends them out for an utterance at a time, so that beginning a session costs
-/// nothing. Any one thread at a time, the return of a decoder included.
+/// Keeps decoders with their models, and lends them out for an utterance at a time, so that beginning a
+/// session costs nothing. Any one thread at a time, the return of a decoder included.
 class DecoderPool : public std::enable_shared_from_this<DecoderPool> {
 public:
-    explicit DecoderPool(ModelFiles files)
-        : files_(std::move(files)) {}
+    explicit DecoderPool(ModelFiles files) : files_(std::move(files)) {}
 
-    /// A decoder for that vocabulary, returned when the last pointer goes. Null when the model cannot be loaded. Costs
-    /// time only for the first of all, and for the first of a vocabulary.
+    /// A decoder for that vocabulary, returned when the last pointer goes. Null when the model cannot be
+    /// loaded. Costs time only for the first of all, and for the first of a vocabulary.
     [[nodiscard]] std::shared_ptr<UtteranceDecoder> lend(const RecognitionVocabulary& vocabulary);
     /// Does what can be done ahead of lending.
     void prepare(const RecognitionVocabulary& vocabulary);

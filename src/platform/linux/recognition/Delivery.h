@@ -10,8 +10,7 @@ namespace brivandel {
 /// Hands results to the handler of a session until it is closed. Any thread.
 class Delivery {
 public:
-    explicit Delivery(SpeechRecognizer::ResultHandler handler)
-        : handler_(std::move(handler)) {}
+    explicit Delivery(SpeechRecognizer::ResultHandler handler) : handler_(std::move(handler)) {}
 
     void deliver(const std::optional<RecognitionResult>& result, const std::optional<QString>& error) {
         const std::lock_guard lock(mutex_);
@@ -20,8 +19,8 @@ public:
         }
     }
 
-    /// When it returns, the handler neither runs nor will run again. So it waits for one that runs, which is why a
-    /// handler must not wait for the main thread. From within the handler it returns at once.
+    /// When it returns, the handler neither runs nor will run again. So it waits for one that runs, which is
+    /// why a handler must not wait for the main thread. From within the handler it returns at once.
     void close() {
         const std::lock_guard lock(mutex_);
         open_ = false;

@@ -6,9 +6,9 @@
 
 namespace brivandel {
 
-/// Turns samples between -1 and 1 into 16 bits, with noise of about one step: in digital silence the features of the
-/// engine have no meaning, and words beside it are lost. The noise is the same in every stream, so that the same sound
-/// always gives the same result.
+/// Turns samples between -1 and 1 into 16 bits, with noise of about one step: in digital silence the features
+/// of the engine have no meaning, and words beside it are lost. The noise is the same in every stream, so
+/// that the same sound always gives the same result.
 class Dither {
 public:
     [[nodiscard]] std::int16_t operator()(float sample) {

@@ -7,16 +7,14 @@ namespace brivandel {
 
 namespace {
 
-// Decibels below full scale. A room with a microphone is never quieter than the lowest floor; a digital silence is, and
-// would make sound of its own dither. Until the room has been heard it is taken to be quiet, so that what is said at
-// once is not lost.
+// Decibels below full scale. A room with a microphone is never quieter than the lowest floor; a digital
+// silence is, and would make sound of its own dither. Until the room has been heard it is taken to be quiet,
+// so that what is said at once is not lost.
 constexpr double lowestFloor = -66;
 
 } // namespace
 
-Endpointer::Endpointer()
-    : floor_(lowestFloor)
-    , smoothed_(lowestFloor) {
+Endpointer::Endpointer() : floor_(lowestFloor), smoothed_(lowestFloor) {
     spanMinima_.fill(lowestFloor);
 }
 

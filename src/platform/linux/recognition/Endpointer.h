@@ -12,12 +12,14 @@ namespace brivandel {
 /// Finds where an utterance begins and ends, by loudness above a floor that follows the room.
 class Endpointer {
 public:
-    /// Louder than the floor by this much is sound; measured: less opens at every breath, more cuts soft endings.
+    /// Louder than the floor by this much is sound; measured: less opens at every breath, more cuts soft
+    /// endings.
     static constexpr double onsetDecibels = 8;
     /// Sound must last so long to begin an utterance, and silence so long to end one.
     static constexpr std::chrono::milliseconds onset{40};
     static constexpr std::chrono::milliseconds hangover{350};
-    /// How far back an utterance reaches before the sound that began it: soft consonants come before the loud vowel.
+    /// How far back an utterance reaches before the sound that began it: soft consonants come before the loud
+    /// vowel.
     static constexpr std::chrono::milliseconds preRoll{300};
 
     enum class Change : std::uint8_t { None, Begin, End };
@@ -34,8 +36,9 @@ public:
 private:
     void followFloor(double decibels);
 
-    // The floor is the quietest moment of the last 1.5 seconds: any speech has a gap in that time, and a fan that is
-    // switched on is no longer taken for speech after it. Kept as the minima of six quarters of a second.
+    // The floor is the quietest moment of the last 1.5 seconds: any speech has a gap in that time, and a fan
+    // that is switched on is no longer taken for speech after it. Kept as the minima of six quarters of a
+    // second.
     static constexpr int framesPerSpan = 25;
     std::array<double, 6> spanMinima_{};
     std::size_t currentSpan_ = 0;

@@ -6,13 +6,14 @@ namespace brivandel {
 
 namespace {
 
-// From synthetic speech. Phrases that were said: all but formant voices stay above -5 for the whole, -8 for each word.
-// Ordinary sentences forced into a phrase: -27 and below for the whole. Sentences that are nearly a phrase differ in one
-// part of it, by -25 and below for a wrong word of the wake phrase and -20 and below for a wrong command.
+// From synthetic speech. Phrases that were said: mostly above -5 for the whole and -8 for each word; single
+// short ones reach -12 and -20, and one word of many -54. Ordinary sentences forced into a phrase: below -27
+// for the whole, below -40 for the command. Sentences that are nearly a phrase differ in one part of it, by
+// -25 and below for a wrong word of the wake phrase.
 constexpr double leastOfAll = -13;
 constexpr double leastOfWakePhrase = -20;
-constexpr double leastOfCommand = -20;
-constexpr double leastOfCommandWord = -40;
+constexpr double leastOfCommand = -25;
+constexpr double leastOfCommandWord = -60;
 // A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
 constexpr double leastScore = -75;
 
@@ -73,12 +74,16 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
     return evidence;
 }
 
-bool Evidence::provesWakePhrase() const { return ofWakePhrase >= leastOfWakePhrase; }
+bool Evidence::provesWakePhrase() const {
+    return ofWakePhrase >= leastOfWakePhrase;
+}
 
 bool Evidence::provesCommand() const {
     return ofAll >= leastOfAll && ofCommand >= leastOfCommand && ofWorstCommandWord >= leastOfCommandWord;
 }
 
-bool isOutOfQuestion(std::span<const HeardSegment> phrase) { return sumOf(phrase).mean() < leastScore; }
+bool isOutOfQuestion(std::span<const HeardSegment> phrase) {
+    return sumOf(phrase).mean() < leastScore;
+}
 
 } // namespace brivandel

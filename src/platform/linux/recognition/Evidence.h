@@ -6,8 +6,9 @@
 
 namespace brivandel {
 
-/// How much worse a phrase fits the sound than the best that any words would give, as the mean over frames of a
-/// logarithm: near 0 when the phrase was said, far below when something else was. Each in the engine's units.
+/// How much worse a phrase fits the sound than the best that any words would give, as the mean over frames of
+/// a logarithm: near 0 when the phrase was said, far below when something else was. Each in the engine's
+/// units.
 struct Evidence {
     double ofAll = 0;
     /// Of the worst word of the wake phrase: "the logic" is half right and yet not "hey logic".
@@ -15,8 +16,8 @@ struct Evidence {
     double ofCommand = 0;
     double ofWorstCommandWord = 0;
 
-    /// phrase and reference are of the same sound, both scored in full. The first words of the phrase, so many as
-    /// wakeWordCount says, are the wake phrase.
+    /// phrase and reference are of the same sound, both scored in full. The first words of the phrase, so
+    /// many as wakeWordCount says, are the wake phrase.
     [[nodiscard]] static Evidence weigh(std::span<const HeardSegment> phrase,
                                         std::span<const HeardSegment> reference, qsizetype wakeWordCount);
 

@@ -85,8 +85,7 @@ private:
 
 class InlineTask final : public SpeechRecognitionTask {
 public:
-    explicit InlineTask(std::shared_ptr<InlineRequest> request)
-        : request_(std::move(request)) {}
+    explicit InlineTask(std::shared_ptr<InlineRequest> request) : request_(std::move(request)) {}
     ~InlineTask() override { request_->cancel(); }
     Q_DISABLE_COPY_MOVE(InlineTask)
 
@@ -134,7 +133,8 @@ InlineSpeechRecognition::InlineSpeechRecognition(const ModelFiles& files)
 InlineSpeechRecognition::~InlineSpeechRecognition() = default;
 
 std::unique_ptr<SpeechRecognizer> InlineSpeechRecognition::makeRecognizer(const QString& locale) {
-    return ModelFiles::speaks(locale) && !files_.problem() ? std::make_unique<InlineRecognizer>(pool_) : nullptr;
+    return ModelFiles::speaks(locale) && !files_.problem() ? std::make_unique<InlineRecognizer>(pool_)
+                                                           : nullptr;
 }
 
 std::shared_ptr<SpeechRecognitionRequest> InlineSpeechRecognition::makeRequest() {

@@ -9,9 +9,9 @@ namespace brivandel {
 
 class DecoderPool;
 
-/// Recognition on the caller's thread, as fast as the sound is appended: for files. append() decodes at once and calls
-/// the handler before it returns, so the same sound always gives the same results in the same calls. Everything happens
-/// on one thread. Recognisers share the loaded models.
+/// Recognition on the caller's thread, as fast as the sound is appended: for files. append() decodes at once
+/// and calls the handler before it returns, so the same sound always gives the same results in the same
+/// calls. Everything happens on one thread. Recognisers share the loaded models.
 class InlineSpeechRecognition final : public SpeechRecognition {
 public:
     explicit InlineSpeechRecognition(const ModelFiles& files = ModelFiles::locate());

@@ -23,7 +23,8 @@ const QString& sentenceEnd() {
     return word;
 }
 
-// How sure a history is that what follows is ours; the rest is left to any word. Chosen by trial on synthetic speech.
+// How sure a history is that what follows is ours; the rest is left to any word. Chosen by trial on synthetic
+// speech.
 constexpr double oursAtStart = 0.2;
 constexpr double oursAtStartOfCommand = 0.5;
 constexpr double oursAfterOneWord = 0.5;
@@ -50,8 +51,7 @@ struct Continuations {
 /// Walks the graph and counts which word follows which one and two words.
 class Counter {
 public:
-    Counter(const PhraseGraph& graph, Expecting expecting)
-        : graph_(graph) {
+    Counter(const PhraseGraph& graph, Expecting expecting) : graph_(graph) {
         visit({QString(), sentenceStart()}, graph.wakeRoot());
         if (expecting == Expecting::Command) {
             visit({QString(), sentenceStart()}, graph.commandRoot());
@@ -133,10 +133,14 @@ QHash<QString, double> unigrams(const QSet<QString>& ours) {
     return result;
 }
 
-QByteArray logarithm(double probability) { return QByteArray::number(std::log10(probability), 'f', 4); }
+QByteArray logarithm(double probability) {
+    return QByteArray::number(std::log10(probability), 'f', 4);
+}
 
-/// What a history leaves to its shorter one, for each unit of what that gives to words that are not listed here.
-double backoff(double ours, const Continuations& listed, const std::function<double(const QString&)>& shorter) {
+/// What a history leaves to its shorter one, for each unit of what that gives to words that are not listed
+/// here.
+double backoff(double ours, const Continuations& listed,
+               const std::function<double(const QString&)>& shorter) {
     double taken = 0;
     for (auto it = listed.weights.begin(); it != listed.weights.end(); ++it) {
         taken += shorter(it.key());
@@ -155,9 +159,10 @@ public:
         const QByteArray one = writeUnigrams();
         const auto [two, bigramCount] = writeBigrams();
         const auto [three, trigramCount] = writeTrigrams();
-        return "\\data\\\nngram 1=" + QByteArray::number(unigrams_.size() + 1) + "\nngram 2=" +
-               QByteArray::number(bigramCount) + "\nngram 3=" + QByteArray::number(trigramCount) +
-               "\n\n\\1-grams:\n" + one + "\n\\2-grams:\n" + two + "\n\\3-grams:\n" + three + "\n\\end\\\n";
+        return "\\data\\\nngram 1=" + QByteArray::number(unigrams_.size() + 1) +
+               "\nngram 2=" + QByteArray::number(bigramCount) +
+               "\nngram 3=" + QByteArray::number(trigramCount) + "\n\n\\1-grams:\n" + one + "\n\\2-grams:\n" +
+               two + "\n\\3-grams:\n" + three + "\n\\end\\\n";
     }
 
 private:
@@ -191,10 +196,13 @@ private:
         int count = 0;
         for (auto it = counter_.afterOne().begin(); it != counter_.afterOne().end(); ++it) {
             for (auto next = it->weights.begin(); next != it->weights.end(); ++next) {
-                text += logarithm(bigram(it.key(), next.key())) + ' ' + it.key().toUtf8() + ' ' + next.key().toUtf8();
+                text += logarithm(bigram(it.key(), next.key())) + ' ' + it.key().toUtf8() + ' ' +
+                        next.key().toUtf8();
                 const auto listed = counter_.afterTwo().find({it.key(), next.key()});
                 if (listed != counter_.afterTwo().end()) {
-                    const auto shorter = [this, &next](const QString& word) { return bigram(next.key(), word); };
+                    const auto shorter = [this, &next](const QString& word) {
+                        return bigram(next.key(), word);
+                    };
                     text += ' ' + logarithm(backoff(oursAfterTwoWords, *listed, shorter));
                 }
                 text += '\n';
@@ -209,8 +217,8 @@ private:
         int count = 0;
         for (auto it = counter_.afterTwo().begin(); it != counter_.afterTwo().end(); ++it) {
             for (auto next = it->weights.begin(); next != it->weights.end(); ++next) {
-                text += logarithm(oursAfterTwoWords * it->share(next.key())) + ' ' + it.key().first.toUtf8() + ' ' +
-                        it.key().second.toUtf8() + ' ' + next.key().toUtf8() + '\n';
+                text += logarithm(oursAfterTwoWords * it->share(next.key())) + ' ' + it.key().first.toUtf8() +
+                        ' ' + it.key().second.toUtf8() + ' ' + next.key().toUtf8() + '\n';
                 ++count;
             }
         }

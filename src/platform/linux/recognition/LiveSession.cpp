@@ -12,8 +12,8 @@ constexpr std::size_t samplesPerRead = 4096;
 } // namespace
 
 LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Delivery> delivery,
-                         RecognitionSession::Reporting reporting, RecognitionSession::LeaseDecoder leaseDecoder,
-                         TimePoint now)
+                         RecognitionSession::Reporting reporting,
+                         RecognitionSession::LeaseDecoder leaseDecoder, TimePoint now)
     : sound_(std::move(sound))
     , delivery_(std::move(delivery))
     , input_(RecognitionSession(
@@ -24,19 +24,20 @@ LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Del
 }
 
 bool LiveSession::step(TimePoint now) {
-    // Looked at before the sound is read: what was written before it was set is then there to be read.
+    // Looked at before the sound is read: what was written before they were set is then there to be read.
     const bool soundHasEnded = sound_->hasEnded();
+    const bool dropped = sound_->takeDropped();
     while (delivery_->isOpen() && !input_.hasEnded()) {
-        const bool dropped = sound_->takeDropped();
         sound_->read(samples_, samplesPerRead);
         if (samples_.empty()) {
             break;
         }
         lastSound_ = now;
         input_.process(samples_, sound_->sampleRateHz());
-        if (dropped) {
-            input_.skip();
-        }
+    }
+    if (dropped) {
+        // What there was no room for came after this.
+        input_.skip();
     }
     if (!delivery_->isOpen()) {
         return false;

@@ -11,8 +11,8 @@
 
 namespace brivandel {
 
-/// A session over sound that is being captured. It sees to what only a clock can tell: that sound has stopped coming,
-/// or never came. It reads no clock; the recogniser's thread, which alone uses it, tells it the time.
+/// A session over sound that is being captured. It sees to what only a clock can tell: that sound has stopped
+/// coming, or never came. It reads no clock; the recogniser's thread, which alone uses it, tells it the time.
 class LiveSession {
 public:
     using TimePoint = MainQueue::TimePoint;

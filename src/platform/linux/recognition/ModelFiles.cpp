@@ -41,8 +41,9 @@ std::optional<QString> ModelFiles::problem() const {
                                 acousticModel + QStringLiteral("/noisedict")};
     for (const QString& path : needed) {
         if (!isReadableFile(path)) {
-            return QStringLiteral("The speech model is incomplete: %1 cannot be read. Install the package "
-                                  "pocketsphinx-en-us, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
+            return QStringLiteral(
+                       "The speech model is incomplete: %1 cannot be read. Install the package "
+                       "pocketsphinx-en-us, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
                 .arg(path);
         }
     }

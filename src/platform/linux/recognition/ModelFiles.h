@@ -13,7 +13,8 @@ struct ModelFiles {
     /// A text file: words and how they are pronounced.
     QString dictionary;
 
-    /// In the folder that the environment variable BRIVANDEL_MODEL_DIR names, else where the system's package puts it.
+    /// In the folder that the environment variable BRIVANDEL_MODEL_DIR names, else where the system's package
+    /// puts it.
     [[nodiscard]] static ModelFiles locate();
 
     /// Whether the model is for that language (BCP 47, as in "en-US").

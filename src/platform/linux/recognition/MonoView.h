@@ -7,8 +7,9 @@
 
 namespace brivandel {
 
-/// A buffer heard with one ear: the mean of both channels of a stereo buffer, so that the same sound on both is as loud
-/// as on one; the first channel of any other. Valid as long as the buffer is. Any thread, allocates nothing.
+/// A buffer heard with one ear: the mean of both channels of a stereo buffer, so that the same sound on both
+/// is as loud as on one; the first channel of any other. Valid as long as the buffer is. Any thread,
+/// allocates nothing.
 class MonoView {
 public:
     explicit MonoView(const AudioBuffer& buffer) {
@@ -25,7 +26,8 @@ public:
     /// Always a number that filters and decoders can bear.
     [[nodiscard]] float operator[](std::size_t frame) const {
         const float mean = 0.5F * first_[frame] + 0.5F * second_[frame];
-        // A device that has just been plugged in may deliver NaN, which a filter would never forget. A NaN fails this.
+        // A device that has just been plugged in may deliver NaN, which a filter would never forget. A NaN
+        // fails this.
         return std::fabs(mean) <= largest ? mean : 0.0F;
     }
 

@@ -8,9 +8,9 @@
 
 namespace brivandel {
 
-/// Recognition of sound that is being captured, on a thread of its own and on this machine alone. The models are loaded
-/// when the first recogniser is made, and kept. Destroyed after its recognisers, requests may outlive it; no handler
-/// runs once it is gone.
+/// Recognition of sound that is being captured, on a thread of its own and on this machine alone. The models
+/// are loaded when the first recogniser is made, and kept. Destroyed after its recognisers, requests may
+/// outlive it; no handler runs once it is gone.
 class OfflineSpeechRecognition final : public SpeechRecognition {
 public:
     explicit OfflineSpeechRecognition(const ModelFiles& files = ModelFiles::locate(),

@@ -41,7 +41,8 @@ bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> voca
         }
     }
     bool accepted = gate_->setDictionary(vocabulary->pronunciations) &&
-                    reference_->setDictionary(vocabulary->pronunciations) && grammar_->setDictionary(phraseWords);
+                    reference_->setDictionary(vocabulary->pronunciations) &&
+                    grammar_->setDictionary(phraseWords);
     for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
         const QString& search = searchFor(expecting);
         accepted = accepted && gate_->addLanguageModel(search, languageModel(graph, expecting)) &&
@@ -74,7 +75,8 @@ PhraseDecoder::Addressed PhraseDecoder::addressed(const std::vector<HeardSegment
     qsizetype before = wake;
     for (const HeardSegment& segment : heard) {
         if (!segment.word.isEmpty() && before-- == 0) {
-            return {words.mid(wake), std::max(segment.firstFrame * AudioTime(frameLength) - lead, AudioTime(0))};
+            return {words.mid(wake),
+                    std::max(segment.firstFrame * AudioTime(frameLength) - lead, AudioTime(0))};
         }
     }
     return {};
@@ -86,7 +88,8 @@ std::span<const std::int16_t> PhraseDecoder::soundSince(AudioTime begin) const {
 
 std::vector<HeardSegment> PhraseDecoder::decodeByGrammar(const Addressed& addressed) {
     const bool hasWakePhrase = vocabulary_->graph.lastWakePhrase(addressed.words) == 0;
-    grammar_->decodeWhole(searchFor(hasWakePhrase ? Expecting::WakePhrase : expecting_), soundSince(addressed.begin));
+    grammar_->decodeWhole(searchFor(hasWakePhrase ? Expecting::WakePhrase : expecting_),
+                          soundSince(addressed.begin));
     return grammar_->heard();
 }
 

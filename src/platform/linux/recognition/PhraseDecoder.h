@@ -9,11 +9,11 @@
 
 namespace brivandel {
 
-/// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and says where
-/// the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone fails: the first misses
-/// phrases in noise, the second makes a command of every sentence. Where both hear the same words, that was said. Where
-/// they do not, the end of the utterance decides by how much worse the grammar's words fit the sound than the best of
-/// any words, which a third decoder, the reference, finds.
+/// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and
+/// says where the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone
+/// fails: the first misses phrases in noise, the second makes a command of every sentence. Where both hear
+/// the same words, that was said. Where they do not, the end of the utterance decides by how much worse the
+/// grammar's words fit the sound than the best of any words, which a third decoder, the reference, finds.
 class PhraseDecoder final : public UtteranceDecoder {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.

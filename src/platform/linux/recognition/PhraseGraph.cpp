@@ -6,13 +6,13 @@ namespace brivandel {
 
 namespace {
 
-std::size_t index(SpokenNumber::Shape shape) { return static_cast<std::size_t>(shape); }
+std::size_t index(SpokenNumber::Shape shape) {
+    return static_cast<std::size_t>(shape);
+}
 
 } // namespace
 
-PhraseGraph::PhraseGraph()
-    : wakeRoot_(0)
-    , commandRoot_(0) {
+PhraseGraph::PhraseGraph() : wakeRoot_(0), commandRoot_(0) {
     // Numbers come first, so that their nodes are there whichever phrase needs them.
     for (int& node : numberNodes_) {
         node = addNode();
@@ -47,7 +47,9 @@ int PhraseGraph::addNode() {
     return static_cast<int>(nodes_.size()) - 1;
 }
 
-bool PhraseGraph::isWakeNode(int node) const { return isWake_[static_cast<std::size_t>(node)] != 0; }
+bool PhraseGraph::isWakeNode(int node) const {
+    return isWake_[static_cast<std::size_t>(node)] != 0;
+}
 
 std::optional<int> PhraseGraph::follow(int from, const QString& word) const {
     for (const Edge& edge : nodes_[static_cast<std::size_t>(from)].edges) {

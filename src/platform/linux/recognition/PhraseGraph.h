@@ -36,8 +36,8 @@ struct Reading {
     bool operator==(const Reading&) const = default;
 };
 
-/// All that may be said, word by word, as a graph: the wake phrase, then one of the phrases, bar phrases with a number.
-/// Phrases that begin alike share nodes. Built on one thread, then read on any.
+/// All that may be said, word by word, as a graph: the wake phrase, then one of the phrases, bar phrases with
+/// a number. Phrases that begin alike share nodes. Built on one thread, then read on any.
 class PhraseGraph {
 public:
     struct Edge {

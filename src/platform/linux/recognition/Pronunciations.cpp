@@ -16,7 +16,9 @@ constexpr qsizetype longestWord = 40;
 constexpr qsizetype longestSpelledWord = 3;
 
 /// Names of letters stand in the dictionary as "b.", since "a" alone is an article.
-QString letterEntry(QChar letter) { return letter + QStringLiteral("."); }
+QString letterEntry(QChar letter) {
+    return letter + QStringLiteral(".");
+}
 
 Pronunciations lookUp(const QSet<QString>& words, const QString& dictionaryPath) {
     QSet<QByteArray> wanted;
@@ -78,7 +80,8 @@ QStringList pronounceUnknown(const QString& word, const Pronunciations& dictiona
         ways << read;
     }
     if (word.size() <= longestSpelledWord) {
-        if (const QString letters = spelled(word, dictionary); !letters.isEmpty() && !ways.contains(letters)) {
+        if (const QString letters = spelled(word, dictionary);
+            !letters.isEmpty() && !ways.contains(letters)) {
             ways << letters;
         }
     }

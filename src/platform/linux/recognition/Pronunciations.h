@@ -10,8 +10,8 @@ namespace brivandel {
 /// Words, and for each the ways in which it is pronounced, as phones of the engine parted by spaces.
 using Pronunciations = QHash<QString, QStringList>;
 
-/// How the words are pronounced: after the dictionary, else by rule. A word that neither knows is left out. Any thread;
-/// reads the whole dictionary file, some 10 ms.
+/// How the words are pronounced: after the dictionary, else by rule. A word that neither knows is left out.
+/// Any thread; reads the whole dictionary file, some 10 ms.
 [[nodiscard]] Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPath);
 
 } // namespace brivandel

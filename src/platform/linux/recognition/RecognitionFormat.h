@@ -17,7 +17,9 @@ using AudioTime = std::chrono::duration<std::int64_t, std::ratio<1, recognitionR
 inline constexpr std::chrono::milliseconds frameLength{10};
 inline constexpr std::size_t samplesPerFrame = 160;
 
-[[nodiscard]] constexpr std::size_t sampleCount(AudioTime time) { return static_cast<std::size_t>(time.count()); }
+[[nodiscard]] constexpr std::size_t sampleCount(AudioTime time) {
+    return static_cast<std::size_t>(time.count());
+}
 
 static_assert(sampleCount(frameLength) == samplesPerFrame);
 

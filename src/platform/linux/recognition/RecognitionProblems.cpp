@@ -5,7 +5,9 @@
 
 namespace brivandel {
 
-std::optional<QString> recognitionModelProblem() { return ModelFiles::locate().problem(); }
+std::optional<QString> recognitionModelProblem() {
+    return ModelFiles::locate().problem();
+}
 
 QStringList vocabularyProblems(const RecognitionVocabulary& vocabulary) {
     return CompiledVocabulary::compile(vocabulary, ModelFiles::locate().dictionary)->problems;

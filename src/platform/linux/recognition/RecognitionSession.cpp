@@ -41,7 +41,8 @@ void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFr
         beginUtterance();
     }
     if (!ended_ && !utterance_ && heard_ >= longestSession) {
-        fail(QStringLiteral("The recognition session has ended after %1 seconds.").arg(longestSession.count()));
+        fail(QStringLiteral("The recognition session has ended after %1 seconds.")
+                 .arg(longestSession.count()));
     }
 }
 

@@ -19,15 +19,17 @@
 
 namespace brivandel {
 
-/// One session of recognition, from its first sample to its end. It knows no threads and no clock: time is the sound
-/// that goes by, so the same sound always gives the same results. Results are delivered during the calls.
+/// One session of recognition, from its first sample to its end. It knows no threads and no clock: time is
+/// the sound that goes by, so the same sound always gives the same results. Results are delivered during the
+/// calls.
 ///
-/// A partial result is acted upon as soon as it contains a command, so none is delivered that could still become another
-/// command: "stop" waits for the silence in which "recording" does not come.
+/// A partial result is acted upon as soon as it contains a command, so none is delivered that could still
+/// become another command: "stop" waits for the silence in which "recording" does not come.
 class RecognitionSession {
 public:
-    /// Silence after which a phrase has ended: one that no other phrase continues, and one that might go on. The first
-    /// because a decoder jumps ahead to a forced completion, the second so that people may hesitate within a phrase.
+    /// Silence after which a phrase has ended: one that no other phrase continues, and one that might go on.
+    /// The first because a decoder jumps ahead to a forced completion, the second so that people may hesitate
+    /// within a phrase.
     static constexpr std::chrono::milliseconds settling{60};
     static constexpr std::chrono::milliseconds settlingIfItMayGoOn{300};
     /// The decoder is asked at this interval, and must give the same answer twice.
@@ -35,8 +37,8 @@ public:
     /// An utterance that has not ended by itself is ended, and its last part heard again with what follows.
     static constexpr std::chrono::milliseconds longestUtterance{6000};
     static constexpr std::chrono::milliseconds overlap{1500};
-    /// A session ends with an error after so much sound, or the transcript and the awake state would last for ever. An
-    /// utterance that is going on may end first.
+    /// A session ends with an error after so much sound, or the transcript and the awake state would last for
+    /// ever. An utterance that is going on may end first.
     static constexpr std::chrono::seconds longestSession{60};
 
     enum class Reporting : std::uint8_t { PartialResults, FinalResultOnly };
@@ -50,7 +52,8 @@ public:
     };
     using LeaseDecoder = std::function<Lease()>;
 
-    RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder, SpeechRecognizer::ResultHandler deliver);
+    RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder,
+                       SpeechRecognizer::ResultHandler deliver);
 
     /// Samples at 16 kHz. After the end they are ignored.
     void process(std::span<const float> samples);

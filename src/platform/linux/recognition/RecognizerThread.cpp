@@ -58,8 +58,8 @@ void RecognizerThread::run(const ModelFiles& files) {
                 const RecognitionVocabulary vocabulary = inForce->get();
                 return RecognitionSession::Lease{pool->lend(vocabulary), vocabulary.wakePhraseRequired};
             };
-            sessions.push_back(std::make_unique<LiveSession>(session.sound, session.delivery, session.reporting, lease,
-                                                             startedAt));
+            sessions.push_back(std::make_unique<LiveSession>(session.sound, session.delivery,
+                                                             session.reporting, lease, startedAt));
         }
         if (orders.vocabulary) {
             pool->prepare(*orders.vocabulary);

@@ -41,7 +41,8 @@ public:
     using Clock = std::function<MainQueue::TimePoint()>;
 
     RecognizerThread(const ModelFiles& files, Clock clock);
-    /// Waits for the decoding of a moment of sound at most, once the models are loaded. No handler runs afterwards.
+    /// Waits for the decoding of a moment of sound at most, once the models are loaded. No handler runs
+    /// afterwards.
     ~RecognizerThread();
     Q_DISABLE_COPY_MOVE(RecognizerThread)
 
@@ -56,7 +57,8 @@ public:
     };
     /// Main thread, as below; returns at once.
     void start(Session session);
-    /// Has the decoders made ready for a vocabulary, so that the next utterance does not have to wait for them.
+    /// Has the decoders made ready for a vocabulary, so that the next utterance does not have to wait for
+    /// them.
     void prepare(const RecognitionVocabulary& vocabulary);
 
 private:

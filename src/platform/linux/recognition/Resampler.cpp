@@ -2,13 +2,16 @@
 
 #include "platform/linux/recognition/RecognitionFormat.h"
 
-#include <cmath>
 #include <soxr.h>
+
+#include <cmath>
 #include <utility>
 
 namespace brivandel {
 
-void Resampler::Delete::operator()(soxr* handle) const { soxr_delete(handle); }
+void Resampler::Delete::operator()(soxr* handle) const {
+    soxr_delete(handle);
+}
 
 Resampler::Resampler(double inputRateHz, Handle handle)
     : outputPerInput_(recognitionRateHz / inputRateHz)
@@ -54,7 +57,8 @@ void Resampler::finish(std::vector<float>& out) {
 
 void Resampler::run(const float* input, std::size_t count, std::vector<float>& out) {
     // Besides what goes in, the filter may let out what it held back.
-    const auto room = static_cast<std::size_t>(std::ceil(static_cast<double>(count) * outputPerInput_)) + 2048;
+    const auto room =
+        static_cast<std::size_t>(std::ceil(static_cast<double>(count) * outputPerInput_)) + 2048;
     const std::size_t before = out.size();
     out.resize(before + room);
     std::size_t done = 0;

@@ -8,8 +8,8 @@ struct soxr;
 
 namespace brivandel {
 
-/// Brings a stream of samples to the recogniser's 16 kHz, through a filter: without one more than half the words are
-/// lost to aliases. Any one thread at a time.
+/// Brings a stream of samples to the recogniser's 16 kHz, through a filter: without one more than half the
+/// words are lost to aliases. Any one thread at a time.
 class Resampler {
 public:
     static constexpr double lowestRateHz = 8000;

@@ -7,14 +7,17 @@
 
 namespace brivandel {
 
-/// Carries samples from the one thread that captures to the one that recognises. Neither waits for the other, takes a
-/// lock or allocates.
+/// Carries samples from the one thread that captures to the one that recognises. Neither waits for the other,
+/// takes a lock or allocates.
 ///
 /// Invariants:
-/// - written_ is changed by the writer only, read_ by the reader only; both count samples since the beginning and wrap
+/// - written_ is changed by the writer only, read_ by the reader only; both count samples since the beginning
+/// and wrap
 ///   around at the width of size_t, which the differences below survive.
-/// - read_ <= written_ <= read_ + capacity. Samples in [read_, written_) belong to the reader, the rest to the writer.
-/// - A side publishes its counter with release after it is done with the samples, and looks at the other's with acquire
+/// - read_ <= written_ <= read_ + capacity. Samples in [read_, written_) belong to the reader, the rest to
+/// the writer.
+/// - A side publishes its counter with release after it is done with the samples, and looks at the other's
+/// with acquire
 ///   before it touches them.
 class SampleRing {
 public:
@@ -39,8 +42,8 @@ public:
         return true;
     }
 
-    /// Reader. Puts what is there, at most room samples, in the place of what out held; out must have that capacity
-    /// reserved for this not to allocate.
+    /// Reader. Puts what is there, at most room samples, in the place of what out held; out must have that
+    /// capacity reserved for this not to allocate.
     void read(std::vector<float>& out, std::size_t room) {
         const std::size_t read = read_.load(std::memory_order_relaxed);
         const std::size_t there = written_.load(std::memory_order_acquire) - read;
@@ -55,7 +58,8 @@ public:
 private:
     std::vector<float> samples_;
     std::size_t mask_;
-    // On cache lines of their own: the writer's stores must not slow down the reader's looks at its own counter.
+    // On cache lines of their own: the writer's stores must not slow down the reader's looks at its own
+    // counter.
     alignas(64) std::atomic<std::size_t> written_ = 0;
     alignas(64) std::atomic<std::size_t> read_ = 0;
 };

@@ -12,8 +12,7 @@ namespace brivandel {
 /// A session that takes mono sound at any rate. Any one thread at a time.
 class SoundInput {
 public:
-    explicit SoundInput(RecognitionSession session)
-        : session_(std::move(session)) {}
+    explicit SoundInput(RecognitionSession session) : session_(std::move(session)) {}
 
     void process(std::span<const float> samples, double sampleRateHz);
     void finish(RecognitionSession::Ending ending);

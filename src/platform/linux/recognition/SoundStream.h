@@ -21,8 +21,8 @@ public:
 
     explicit SoundStream(std::shared_ptr<WakeUp> wakeUp);
 
-    /// Audio thread: mixes to mono, copies and returns; takes no lock, allocates nothing. A block that finds no room is
-    /// dropped as a whole.
+    /// Audio thread: mixes to mono, copies and returns; takes no lock, allocates nothing. A block that finds
+    /// no room is dropped as a whole.
     void append(const AudioBuffer& buffer);
     /// No more sound will come. Any thread.
     void end();
@@ -36,7 +36,9 @@ public:
     /// Of the first block; 0 before it.
     [[nodiscard]] double sampleRateHz() const { return sampleRateHz_.load(std::memory_order_acquire); }
     /// The rate that a later block had instead, and which ended the stream; 0 if none had.
-    [[nodiscard]] double otherSampleRateHz() const { return otherSampleRateHz_.load(std::memory_order_acquire); }
+    [[nodiscard]] double otherSampleRateHz() const {
+        return otherSampleRateHz_.load(std::memory_order_acquire);
+    }
 
 private:
     std::shared_ptr<WakeUp> wakeUp_;

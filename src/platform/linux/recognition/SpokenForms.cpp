@@ -2,44 +2,57 @@
 
 #include "platform/linux/recognition/SpokenNumber.h"
 
+#include <algorithm>
+#include <string>
+#include <string_view>
+
 namespace brivandel {
 
 namespace {
 
 constexpr qsizetype mostForms = 8;
-constexpr char16_t apostrophe = u'\'';
+constexpr char32_t apostrophe = U'\'';
 
-QString nameOfSymbol(QChar symbol) {
-    switch (symbol.unicode()) {
-    case u'&': return QStringLiteral("and");
-    case u'+': return QStringLiteral("plus");
-    case u'%': return QStringLiteral("percent");
-    case u'@': return QStringLiteral("at");
-    case u'#': return QStringLiteral("number");
-    default: return {};
+QString nameOfSymbol(char32_t symbol) {
+    switch (symbol) {
+    case U'&':
+        return QStringLiteral("and");
+    case U'+':
+        return QStringLiteral("plus");
+    case U'%':
+        return QStringLiteral("percent");
+    case U'@':
+        return QStringLiteral("at");
+    case U'#':
+        return QStringLiteral("number");
+    default:
+        return {};
     }
 }
 
-/// A run of digits: as a number if it is one, else digit by digit, since nobody says "ten million" for a name.
-QList<QStringList> waysToSay(const QString& digits) {
-    if (digits.size() <= 4 && (digits.size() == 1 || digits.front() != u'0')) {
-        return SpokenNumber::waysToSay(digits.toInt());
-    }
+/// A run of digits: as a number if it is one, else digit by digit, since nobody says "ten million" for a
+/// name.
+QList<QStringList> waysToSay(std::u32string_view digits) {
+    int number = 0;
     QStringList words;
-    for (const QChar digit : digits) {
-        words << SpokenNumber::waysToSay(digit.digitValue()).front();
+    for (const char32_t digit : digits) {
+        const int value = QChar::digitValue(digit);
+        number = number < 10000 ? number * 10 + value : number;
+        words << SpokenNumber::waysToSay(value).front();
     }
-    return {words};
+    const bool isNumber = digits.size() == 1 || QChar::digitValue(digits.front()) != 0;
+    const QList<QStringList> ways = isNumber ? SpokenNumber::waysToSay(number) : QList<QStringList>();
+    return ways.isEmpty() ? QList<QStringList>{words} : ways;
 }
 
-QString withoutOuterApostrophes(QString word) {
-    while (word.startsWith(apostrophe)) {
-        word.remove(0, 1);
+/// Without apostrophes around it: those are quotation marks.
+QString wordOf(std::u32string_view letters) {
+    const auto first = letters.find_first_not_of(apostrophe);
+    if (first == std::u32string_view::npos) {
+        return {};
     }
-    while (word.endsWith(apostrophe)) {
-        word.chop(1);
-    }
-    return word;
+    const std::u32string_view word = letters.substr(first, letters.find_last_not_of(apostrophe) + 1 - first);
+    return QString::fromUcs4(word.data(), static_cast<qsizetype>(word.size()));
 }
 
 void append(QList<QStringList>& forms, const QList<QStringList>& ways) {
@@ -56,38 +69,41 @@ void append(QList<QStringList>& forms, const QList<QStringList>& ways) {
 
 enum class Class : std::uint8_t { Separator, Letter, Digit };
 
-Class classOf(const QString& text, qsizetype at) {
-    const QChar c = text[at];
-    if (c.isDigit()) {
+Class classOf(char32_t character) {
+    if (QChar::isDigit(character)) {
         return Class::Digit;
     }
-    // Letters beyond the first plane come as two surrogates; what they sound like is for others to say.
-    return c.isLetter() || c.isMark() || c.isSurrogate() || c == apostrophe ? Class::Letter : Class::Separator;
+    // What letters of other scripts sound like is for others to say.
+    return QChar::isLetter(character) || QChar::isMark(character) || character == apostrophe
+               ? Class::Letter
+               : Class::Separator;
 }
 
 } // namespace
 
 QList<QStringList> spokenForms(const QString& phrase) {
     QString text = phrase.normalized(QString::NormalizationForm_KC).toLower();
-    text.replace(u'\u2019', apostrophe).replace(u'\u2018', apostrophe);
+    text.replace(u'\u2019', u'\'').replace(u'\u2018', u'\'');
 
+    const std::u32string characters = text.toStdU32String();
     QList<QStringList> forms = {{}};
-    for (qsizetype at = 0; at < text.size();) {
-        const Class kind = classOf(text, at);
-        qsizetype end = at + 1;
-        while (end < text.size() && kind != Class::Separator && classOf(text, end) == kind) {
-            ++end;
-        }
-        const QString run = text.mid(at, end - at);
-        at = end;
-        if (kind == Class::Digit) {
-            append(forms, waysToSay(run));
+    for (auto at = characters.begin(); at != characters.end();) {
+        const Class kind = classOf(*at);
+        if (kind == Class::Separator) {
+            if (const QString name = nameOfSymbol(*at); !name.isEmpty()) {
+                append(forms, {{name}});
+            }
+            ++at;
             continue;
         }
-        const QString word = kind == Class::Letter ? withoutOuterApostrophes(run) : nameOfSymbol(run.front());
-        if (!word.isEmpty()) {
+        const auto end =
+            std::find_if(at, characters.end(), [kind](char32_t c) { return classOf(c) != kind; });
+        if (kind == Class::Digit) {
+            append(forms, waysToSay({at, end}));
+        } else if (const QString word = wordOf({at, end}); !word.isEmpty()) {
             append(forms, {{word}});
         }
+        at = end;
     }
     return forms.front().isEmpty() ? QList<QStringList>() : forms;
 }

@@ -18,23 +18,25 @@ struct SpokenNumber::Word {
 namespace {
 
 constexpr std::array<QLatin1StringView, 33> wordTexts = {
-    QLatin1StringView("zero"),    QLatin1StringView("one"),      QLatin1StringView("two"),
-    QLatin1StringView("three"),   QLatin1StringView("four"),     QLatin1StringView("five"),
-    QLatin1StringView("six"),     QLatin1StringView("seven"),    QLatin1StringView("eight"),
-    QLatin1StringView("nine"),    QLatin1StringView("ten"),      QLatin1StringView("eleven"),
-    QLatin1StringView("twelve"),  QLatin1StringView("thirteen"), QLatin1StringView("fourteen"),
-    QLatin1StringView("fifteen"), QLatin1StringView("sixteen"),  QLatin1StringView("seventeen"),
+    QLatin1StringView("zero"),     QLatin1StringView("one"),      QLatin1StringView("two"),
+    QLatin1StringView("three"),    QLatin1StringView("four"),     QLatin1StringView("five"),
+    QLatin1StringView("six"),      QLatin1StringView("seven"),    QLatin1StringView("eight"),
+    QLatin1StringView("nine"),     QLatin1StringView("ten"),      QLatin1StringView("eleven"),
+    QLatin1StringView("twelve"),   QLatin1StringView("thirteen"), QLatin1StringView("fourteen"),
+    QLatin1StringView("fifteen"),  QLatin1StringView("sixteen"),  QLatin1StringView("seventeen"),
     QLatin1StringView("eighteen"), QLatin1StringView("nineteen"), QLatin1StringView("twenty"),
-    QLatin1StringView("thirty"),  QLatin1StringView("forty"),    QLatin1StringView("fifty"),
-    QLatin1StringView("sixty"),   QLatin1StringView("seventy"),  QLatin1StringView("eighty"),
-    QLatin1StringView("ninety"),  QLatin1StringView("hundred"),  QLatin1StringView("thousand"),
-    QLatin1StringView("and"),     QLatin1StringView("a"),        QLatin1StringView("oh"),
+    QLatin1StringView("thirty"),   QLatin1StringView("forty"),    QLatin1StringView("fifty"),
+    QLatin1StringView("sixty"),    QLatin1StringView("seventy"),  QLatin1StringView("eighty"),
+    QLatin1StringView("ninety"),   QLatin1StringView("hundred"),  QLatin1StringView("thousand"),
+    QLatin1StringView("and"),      QLatin1StringView("a"),        QLatin1StringView("oh"),
 };
 constexpr int firstTens = 20;
 constexpr int hundredIndex = 28;
 constexpr int ohIndex = 32;
 
-QString textOf(int index) { return wordTexts[static_cast<std::size_t>(index)]; }
+QString textOf(int index) {
+    return wordTexts[static_cast<std::size_t>(index)];
+}
 
 /// 1 to 99.
 QStringList sayBelowHundred(int number) {
@@ -85,11 +87,13 @@ QStringList sayDigits(int number, const QString& zero) {
 
 } // namespace
 
-std::span<const QLatin1StringView> SpokenNumber::words() { return wordTexts; }
+std::span<const QLatin1StringView> SpokenNumber::words() {
+    return wordTexts;
+}
 
 std::optional<SpokenNumber> SpokenNumber::followedBy(QStringView word) const {
-    const auto* const found = std::ranges::find_if(
-        wordTexts, [word](QLatin1StringView text) { return word.compare(text) == 0; });
+    const auto* const found =
+        std::ranges::find_if(wordTexts, [word](QLatin1StringView text) { return word.compare(text) == 0; });
     if (found == wordTexts.end()) {
         return std::nullopt;
     }
@@ -131,12 +135,18 @@ std::optional<SpokenNumber> SpokenNumber::next(const Word& word) const {
     switch (shape_) {
     case Shape::Nothing:
         switch (kind) {
-        case Kind::Zero: return add(0, Shape::Zero);
-        case Kind::Digit: return add(amount, Shape::OneDigit);
-        case Kind::Teen: return add(amount, Shape::Teen);
-        case Kind::Tens: return add(amount, Shape::Tens);
-        case Kind::Article: return add(1, Shape::Article);
-        default: return std::nullopt;
+        case Kind::Zero:
+            return add(0, Shape::Zero);
+        case Kind::Digit:
+            return add(amount, Shape::OneDigit);
+        case Kind::Teen:
+            return add(amount, Shape::Teen);
+        case Kind::Tens:
+            return add(amount, Shape::Tens);
+        case Kind::Article:
+            return add(1, Shape::Article);
+        default:
+            return std::nullopt;
         }
     case Shape::Article:
     case Shape::OneDigit:
@@ -151,10 +161,14 @@ std::optional<SpokenNumber> SpokenNumber::next(const Word& word) const {
         }
         switch (kind) {
         case Kind::Zero:
-        case Kind::Digit: return append(amount, 10, Shape::TwoDigits);
-        case Kind::Teen: return append(amount, 100, Shape::Whole);
-        case Kind::Tens: return append(amount, 100, Shape::TensOfPair);
-        default: return std::nullopt;
+        case Kind::Digit:
+            return append(amount, 10, Shape::TwoDigits);
+        case Kind::Teen:
+            return append(amount, 100, Shape::Whole);
+        case Kind::Tens:
+            return append(amount, 100, Shape::TensOfPair);
+        default:
+            return std::nullopt;
         }
     case Shape::TwoDigits:
     case Shape::ThreeDigits:
@@ -167,12 +181,16 @@ std::optional<SpokenNumber> SpokenNumber::next(const Word& word) const {
         switch (kind) {
         case Kind::Digit:
             return shape_ == Shape::Tens ? std::optional(append(amount, 1, Shape::Whole)) : std::nullopt;
-        case Kind::Zero: return append(0, 100, Shape::PairAndOh);
-        case Kind::Teen: return append(amount, 100, Shape::Whole);
-        case Kind::Tens: return append(amount, 100, Shape::TensOfPair);
+        case Kind::Zero:
+            return append(0, 100, Shape::PairAndOh);
+        case Kind::Teen:
+            return append(amount, 100, Shape::Whole);
+        case Kind::Tens:
+            return append(amount, 100, Shape::TensOfPair);
         case Kind::Hundred:
             return shape_ == Shape::Teen ? std::optional(append(0, 100, Shape::Hundreds)) : std::nullopt;
-        default: return std::nullopt;
+        default:
+            return std::nullopt;
         }
     case Shape::Hundreds:
     case Shape::HundredsAnd:
@@ -180,10 +198,14 @@ std::optional<SpokenNumber> SpokenNumber::next(const Word& word) const {
         switch (kind) {
         case Kind::And:
             return shape_ == Shape::HundredsAnd ? std::nullopt : std::optional(add(0, Shape::HundredsAnd));
-        case Kind::Digit: return add(amount, shape_ == Shape::Thousands ? Shape::ThousandsAndDigit : Shape::Whole);
-        case Kind::Teen: return add(amount, Shape::Whole);
-        case Kind::Tens: return add(amount, Shape::TensOfPair);
-        default: return std::nullopt;
+        case Kind::Digit:
+            return add(amount, shape_ == Shape::Thousands ? Shape::ThousandsAndDigit : Shape::Whole);
+        case Kind::Teen:
+            return add(amount, Shape::Whole);
+        case Kind::Tens:
+            return add(amount, Shape::TensOfPair);
+        default:
+            return std::nullopt;
         }
     case Shape::ThousandsAndDigit:
         return kind == Kind::Hundred ? std::optional(append(0, 100, Shape::Hundreds)) : std::nullopt;
@@ -191,7 +213,8 @@ std::optional<SpokenNumber> SpokenNumber::next(const Word& word) const {
     case Shape::PairAndOh:
         return kind == Kind::Digit ? std::optional(append(amount, 1, Shape::Whole)) : std::nullopt;
     case Shape::Zero:
-    case Shape::Whole: return std::nullopt;
+    case Shape::Whole:
+        return std::nullopt;
     }
     return std::nullopt;
 }
@@ -215,7 +238,9 @@ QList<QStringList> SpokenNumber::waysToSay(int number) {
         }
     };
     add(sayInFull(number, true));
-    if (number > 100 && number % 100 != 0) {
+    // Not "twenty one oh one": every number like "twenty one" would have to wait whether it goes on.
+    const int firstPair = number / 100;
+    if (firstPair > 0 && (firstPair <= firstTens || firstPair % 10 == 0) && number % 100 != 0) {
         add(sayInPairs(number));
     }
     if (number >= 10) {

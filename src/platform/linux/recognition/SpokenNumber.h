@@ -10,8 +10,8 @@
 
 namespace brivandel {
 
-/// A whole number from 0 to 9999, as it is said word by word: "one twelve", "one hundred and twelve" and "one one two"
-/// are 112, "ten twenty four" is 1024.
+/// A whole number from 0 to 9999, as it is said word by word: "one twelve", "one hundred and twelve" and "one
+/// one two" are 112, "ten twenty four" is 1024.
 class SpokenNumber {
 public:
     /// Which words may follow depends on these shapes only, so that a grammar of numbers has as many states.

@@ -2,18 +2,20 @@
 
 #include <QtGlobal>
 
+#include <semaphore.h>
+
 #include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <ctime>
-#include <semaphore.h>
 
 namespace brivandel {
 
-/// Wakes one waiting thread from any other. Waking takes no lock and does not allocate, so the audio thread may do it.
+/// Wakes one waiting thread from any other. Waking takes no lock and does not allocate, so the audio thread
+/// may do it.
 ///
-/// pending_ is true from the first call of wake() until the waiter has seen it; the semaphore holds at most one
-/// permission more than that, so it cannot run over however long nobody waits.
+/// pending_ is true from the first call of wake() until the waiter has seen it; the semaphore holds at most
+/// one permission more than that, so it cannot run over however long nobody waits.
 class WakeUp {
 public:
     WakeUp() { sem_init(&semaphore_, 0, 0); }
@@ -36,8 +38,8 @@ public:
         until.tv_nsec = nanoseconds % 1'000'000'000;
         while (sem_clockwait(&semaphore_, CLOCK_MONOTONIC, &until) != 0 && errno == EINTR) {
         }
-        // An exchange, not a store: it comes before or after that of wake(), so either what led to that is seen from here
-        // on, or another permission is given.
+        // An exchange, not a store: it comes before or after that of wake(), so either what led to that is
+        // seen from here on, or another permission is given.
         pending_.exchange(false, std::memory_order_acq_rel);
     }
 

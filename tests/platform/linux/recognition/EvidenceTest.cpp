@@ -1,0 +1,62 @@
+#include "platform/linux/recognition/Evidence.h"
+
+namespace brivandel {
+namespace {
+
+HeardSegment segment(const char16_t* word, int first, int count, double perFrame) {
+    return {QString::fromUtf16(word), first, count, perFrame * count};
+}
+
+TEST(Evidence, PhraseThatFitsAsWellAsAnyWords_IsProved) {
+    const std::vector heard = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -35),
+                               segment(u"play", 60, 40, -40)};
+    const Evidence evidence = Evidence::weigh(heard, heard, 2);
+    EXPECT_EQ(evidence.ofAll, 0);
+    EXPECT_TRUE(evidence.provesWakePhrase());
+    EXPECT_TRUE(evidence.provesCommand());
+}
+
+TEST(Evidence, OneWrongWordOfTheWakePhrase_DisprovesIt) {
+    const std::vector phrase = {segment(u"hey", 0, 20, -90), segment(u"logic", 20, 40, -35),
+                                segment(u"play", 60, 40, -40)};
+    const std::vector reference = {segment(u"the", 0, 20, -30), segment(u"logic", 20, 40, -35),
+                                   segment(u"play", 60, 40, -40)};
+    const Evidence evidence = Evidence::weigh(phrase, reference, 2);
+    EXPECT_EQ(evidence.ofWakePhrase, -60);
+    EXPECT_FALSE(evidence.provesWakePhrase());
+    EXPECT_EQ(evidence.ofCommand, 0);
+}
+
+TEST(Evidence, WrongCommand_LeavesTheWakePhraseProved) {
+    const std::vector phrase = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -35),
+                                segment(u"play", 60, 40, -90)};
+    const std::vector reference = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -35),
+                                   segment(u"nice", 60, 20, -30), segment(u"day", 80, 20, -40)};
+    const Evidence evidence = Evidence::weigh(phrase, reference, 2);
+    EXPECT_TRUE(evidence.provesWakePhrase());
+    EXPECT_EQ(evidence.ofCommand, -55);
+    EXPECT_FALSE(evidence.provesCommand());
+}
+
+TEST(Evidence, PausesCountInTheWholeOnly) {
+    const std::vector phrase = {segment(u"", 0, 50, -80), segment(u"play", 50, 50, -30)};
+    const std::vector reference = {segment(u"talk", 0, 50, -30), segment(u"play", 50, 50, -30)};
+    const Evidence evidence = Evidence::weigh(phrase, reference, 0);
+    EXPECT_EQ(evidence.ofCommand, 0);
+    EXPECT_EQ(evidence.ofAll, -25);
+    EXPECT_FALSE(evidence.provesCommand()) << "half of the utterance was something else";
+}
+
+TEST(Evidence, NothingHeard_IsNeutral) {
+    const Evidence evidence = Evidence::weigh({}, {}, 0);
+    EXPECT_EQ(evidence.ofAll, 0);
+    EXPECT_FALSE(isOutOfQuestion({}));
+}
+
+TEST(Evidence, HopelessScore_IsOutOfQuestion) {
+    EXPECT_TRUE(isOutOfQuestion(std::vector{segment(u"play", 0, 100, -90)}));
+    EXPECT_FALSE(isOutOfQuestion(std::vector{segment(u"play", 0, 100, -45)}));
+}
+
+} // namespace
+} // namespace brivandel

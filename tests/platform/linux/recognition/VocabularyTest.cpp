@@ -1,0 +1,171 @@
+#include "platform/linux/recognition/CompiledVocabulary.h"
+#include "platform/linux/recognition/LanguageModel.h"
+#include "platform/linux/recognition/ModelFiles.h"
+
+namespace brivandel {
+namespace {
+
+class VocabularyTest : public testing::Test {
+protected:
+    VocabularyTest() {
+        vocabulary_.wakePhrase = QStringLiteral("hey logic");
+        vocabulary_.phrases = {QStringLiteral("play"), QStringLiteral("metronome on")};
+        vocabulary_.barPhrases = {QStringLiteral("go to bar")};
+    }
+
+    [[nodiscard]] std::shared_ptr<const CompiledVocabulary> compile() const {
+        return CompiledVocabulary::compile(vocabulary_, ModelFiles::locate().dictionary);
+    }
+    [[nodiscard]] static QString read(const CompiledVocabulary& compiled, const QString& words) {
+        const auto reading = compiled.graph.read(words.split(u' '));
+        return reading && reading->isWhole ? reading->text : QString();
+    }
+
+    RecognitionVocabulary vocabulary_;
+};
+
+TEST_F(VocabularyTest, OrdinaryPhrases_HaveNoProblems) {
+    EXPECT_THAT(compile()->problems, testing::IsEmpty());
+}
+
+TEST_F(VocabularyTest, WordsOfTheDictionary_AreKnownWithTheirVariants) {
+    const auto compiled = compile();
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")], QStringList{QStringLiteral("L AA JH IH K")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("a")],
+              (QStringList{QStringLiteral("AH"), QStringLiteral("EY")}));
+}
+
+TEST_F(VocabularyTest, MetronomeThatTheDictionaryLacks_IsKnown) {
+    EXPECT_EQ(compile()->pronunciations[QStringLiteral("metronome")],
+              QStringList{QStringLiteral("M EH T R AH N OW M")});
+}
+
+TEST_F(VocabularyTest, ShortUnknownWord_MayBeReadOrSpelled) {
+    vocabulary_.phrases << QStringLiteral("open eq");
+    EXPECT_EQ(compile()->pronunciations[QStringLiteral("eq")],
+              (QStringList{QStringLiteral("EH K"), QStringLiteral("IY K Y UW")}));
+}
+
+TEST_F(VocabularyTest, OddlyWrittenPhrase_IsDeliveredAsConfigured) {
+    vocabulary_.phrases << QStringLiteral("réverb — up!") << QStringLiteral("add 808");
+    const auto compiled = compile();
+    EXPECT_THAT(compiled->problems, testing::IsEmpty());
+    EXPECT_EQ(read(*compiled, QStringLiteral("réverb up")), QStringLiteral("réverb — up!"));
+    EXPECT_EQ(read(*compiled, QStringLiteral("hey logic add eight oh eight")),
+              QStringLiteral("hey logic add 808"));
+}
+
+TEST_F(VocabularyTest, Capitals_AreDeliveredInLowerCase) {
+    vocabulary_.phrases << QStringLiteral("Mute ALL");
+    EXPECT_EQ(read(*compile(), QStringLiteral("mute all")), QStringLiteral("mute all"));
+}
+
+TEST_F(VocabularyTest, PhraseThatCannotBeSaid_IsLeftOutWithAReason) {
+    vocabulary_.phrases << QStringLiteral("play 音楽") << QStringLiteral("!!!")
+                        << QStringLiteral("a ").repeated(20) << QStringLiteral("x").repeated(60);
+    const auto compiled = compile();
+    EXPECT_THAT(
+        compiled->problems,
+        testing::ElementsAre(
+            QStringLiteral("“play 音楽” cannot be listened for: it is not known how “音楽” is pronounced."),
+            QStringLiteral("“!!!” cannot be listened for: it has no letters or digits."),
+            testing::ResultOf(
+                [](const QString& line) { return line.endsWith(QStringLiteral("more than 16 words.")); },
+                true),
+            testing::ResultOf([](const QString& line) { return line.contains(QStringLiteral("pronounced")); },
+                              true)));
+    EXPECT_EQ(read(*compiled, QStringLiteral("play")), QStringLiteral("play"));
+}
+
+TEST_F(VocabularyTest, NoWakePhrase_IsTheWordLogic) {
+    vocabulary_.wakePhrase.clear();
+    EXPECT_EQ(read(*compile(), QStringLiteral("logic play")), QStringLiteral("logic play"));
+}
+
+TEST_F(VocabularyTest, WakePhraseThatCannotBeSaid_IsAProblemAndTheWordLogic) {
+    vocabulary_.wakePhrase = QStringLiteral("???");
+    const auto compiled = compile();
+    EXPECT_EQ(compiled->problems.size(), 1);
+    EXPECT_EQ(read(*compiled, QStringLiteral("logic play")), QStringLiteral("logic play"));
+}
+
+TEST_F(VocabularyTest, MissingDictionary_LeavesTheRulesOfReading) {
+    const auto compiled = CompiledVocabulary::compile(vocabulary_, QStringLiteral("/nowhere"));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("play")], QStringList{QStringLiteral("P L EY")});
+}
+
+TEST_F(VocabularyTest, LanguageModel_SumsToOneAfterEveryHistory) {
+    vocabulary_.phrases << QStringLiteral("play that back") << QStringLiteral("save")
+                        << QStringLiteral("save as");
+    const QByteArray model = languageModel(compile()->graph, Expecting::Command);
+    // Probabilities and backoff weights by their words.
+    QHash<QByteArray, double> probability;
+    QHash<QByteArray, double> backoff;
+    QHash<QByteArray, QList<QByteArray>> continuations;
+    int order = 0;
+    QList<QByteArray> unigrams;
+    for (const QByteArray& line : model.split('\n')) {
+        if (line.startsWith('\\')) {
+            order = line.mid(1, 1).toInt();
+            continue;
+        }
+        const QList<QByteArray> parts = line.split(' ');
+        if (order == 0 || parts.size() < order + 1) {
+            continue;
+        }
+        const QByteArray words = parts.mid(1, order).join(' ');
+        probability[words] = std::pow(10, parts[0].toDouble());
+        if (parts.size() > order + 1) {
+            backoff[words] = std::pow(10, parts[order + 1].toDouble());
+        }
+        if (order == 1 && words != "<s>") {
+            unigrams << words;
+        }
+        if (order > 1) {
+            continuations[parts.mid(1, order - 1).join(' ')] << words;
+        }
+    }
+    const std::function<double(const QByteArray&, const QByteArray&)> given = [&](const QByteArray& history,
+                                                                                  const QByteArray& word) {
+        if (history.isEmpty()) {
+            return probability.value(word);
+        }
+        const QByteArray all = history + ' ' + word;
+        if (probability.contains(all)) {
+            return probability.value(all);
+        }
+        const qsizetype space = history.indexOf(' ');
+        return backoff.value(history, 1) * given(space < 0 ? QByteArray() : history.mid(space + 1), word);
+    };
+    ASSERT_GT(continuations.size(), 20);
+    for (auto it = continuations.begin(); it != continuations.end(); ++it) {
+        double sum = 0;
+        for (const QByteArray& word : unigrams) {
+            sum += given(it.key(), word);
+        }
+        EXPECT_NEAR(sum, 1, 0.02) << it.key().constData();
+    }
+}
+
+TEST(ModelFiles, FolderWithoutAModel_SaysWhatIsMissing) {
+    const ModelFiles files{QStringLiteral("/nowhere/en-us"), QStringLiteral("/nowhere/words.dict")};
+    ASSERT_TRUE(files.problem());
+    EXPECT_TRUE(files.problem()->contains(QStringLiteral("/nowhere/words.dict")))
+        << qPrintable(*files.problem());
+}
+
+TEST(ModelFiles, EnvironmentNamesTheFolder) {
+    qputenv("BRIVANDEL_MODEL_DIR", "/chosen");
+    EXPECT_EQ(ModelFiles::locate().acousticModel, QStringLiteral("/chosen/en-us"));
+    EXPECT_EQ(ModelFiles::locate().dictionary, QStringLiteral("/chosen/cmudict-en-us.dict"));
+    qunsetenv("BRIVANDEL_MODEL_DIR");
+    EXPECT_FALSE(ModelFiles::locate().problem());
+}
+
+TEST(ModelFiles, AmericanEnglishOnly) {
+    EXPECT_TRUE(ModelFiles::speaks(QStringLiteral("en-US")));
+    EXPECT_FALSE(ModelFiles::speaks(QStringLiteral("de-DE")));
+}
+
+} // namespace
+} // namespace brivandel
