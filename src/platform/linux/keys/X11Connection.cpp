@@ -53,8 +53,8 @@ KeyFailure notAnswering() {
 }
 
 /// One at a time: libXau keeps the name of the authority file in a buffer that all its callers share.
-std::timed_mutex& connecting() {
-    static std::timed_mutex mutex;
+std::mutex& connecting() {
+    static std::mutex mutex;
     return mutex;
 }
 
@@ -72,7 +72,7 @@ std::variant<std::unique_ptr<Connection>, KeyFailure> Connection::open(const QBy
     if (xcb_connection_has_error(connected->first.get()) != 0) {
         return noDisplay(display);
     }
-    std::unique_ptr<Connection> connection(new Connection(std::move(connected->first), connected->second));
+    std::unique_ptr<Connection> connection(new Connection(std::move(connected->first)));
     const Bound bound(*connection, deadline);
     if (!connection->setUp(connected->second)) {
         if (auto failure = connection->lost(deadline)) {
@@ -91,8 +91,8 @@ std::optional<std::pair<Connection::Handle, int>> Connection::connectBy(const QB
     std::promise<std::optional<std::pair<Handle, int>>> promise;
     auto answer = promise.get_future();
     std::thread([display, deadline, promise = std::move(promise)]() mutable {
-        const std::unique_lock turn(connecting(), deadline);
-        if (!turn.owns_lock()) {
+        const std::scoped_lock lock(connecting());
+        if (std::chrono::steady_clock::now() >= deadline) {
             promise.set_value(std::nullopt);
             return;
         }
@@ -106,7 +106,7 @@ std::optional<std::pair<Connection::Handle, int>> Connection::connectBy(const QB
     return answer.get();
 }
 
-Connection::Connection(Handle connection, int /*screenIndex*/)
+Connection::Connection(Handle connection)
     : connection_(std::move(connection))
     , watchdog_(xcb_get_file_descriptor(connection_.get())) {}
 

@@ -93,7 +93,7 @@ private:
     };
     using Handle = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-    Connection(Handle connection, int screenIndex);
+    explicit Connection(Handle connection);
     [[nodiscard]] static std::optional<std::pair<Handle, int>> connectBy(const QByteArray& display,
                                                                          Deadline deadline);
     [[nodiscard]] bool setUp(int screenIndex);

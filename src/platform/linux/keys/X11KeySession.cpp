@@ -34,6 +34,9 @@ private:
 /// pings, may miss a character that its user's own keyboard could not type either.
 constexpr std::chrono::seconds handlingPatience{1};
 
+/// Kept of the time for a text, so that borrowed keys are put back before the connection is given up.
+constexpr std::chrono::milliseconds puttingBackTime{200};
+
 KeyFailure noSuchKey(const QString& sentence) {
     return {KeyFailure::Kind::NoSuchKey, sentence};
 }
@@ -86,12 +89,13 @@ std::optional<KeyFailure> Session::typeText(KeyTarget target, const QString& tex
                                             Deadline deadline) {
     const Connection::Bound bound(*connection_, deadline);
     BorrowedKeys borrowed(*connection_);
-    auto characters = text.toUcs4();
-    std::ranges::replace(characters, uint{U'\n'},
-                         uint{U'\r'}); // of the two that end lines, the one with a key
-    const std::vector<char32_t> toType(characters.begin(), characters.end());
-    auto failure = typeCharacters(targets_.at(target.id), toType, modifiers, borrowed, deadline);
-    giveBack(borrowed, deadline);
+    const auto characters = text.toUcs4();
+    std::vector<char32_t> toType(characters.begin(), characters.end());
+    // Of the characters that end lines, the keyboard has one.
+    std::ranges::replace(toType, U'\n', U'\r');
+    const Deadline typingEnd = deadline - puttingBackTime;
+    auto failure = typeCharacters(targets_.at(target.id), toType, modifiers, borrowed, typingEnd);
+    giveBack(borrowed, typingEnd);
     auto lost = connection_->lost(deadline);
     return lost ? lost : failure;
 }
@@ -101,6 +105,9 @@ std::optional<KeyFailure> Session::typeCharacters(const WindowOwner& target,
                                                   KeyModifiers modifiers, BorrowedKeys& borrowed,
                                                   Deadline deadline) {
     for (; !characters.empty(); characters = characters.subspan(1)) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            return KeyFailure{KeyFailure::Kind::TimedOut, {}};
+        }
         const auto type = [&] {
             return tap(target, [&](const Keymap& keymap) -> Press {
                 if (auto press = keymap.pressForCharacter(characters.front(), modifiers)) {

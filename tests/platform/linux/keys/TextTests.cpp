@@ -77,6 +77,25 @@ TEST_F(TextTest, FocusLostWhileAKeyIsBorrowed_MappingIsPutBack) {
     EXPECT_EQ(keyboardMapping(), before);
 }
 
+TEST_F(TextTest, TimeUsedUp_MappingIsPutBackAndTheSessionLives) {
+    KeyWindowProcess window;
+    const OpenTarget open = openTarget();
+    const auto before = keyboardMapping();
+    QString text;
+    for (char16_t letter = 0x4e00; letter < 0x4e00 + 200; ++letter) {
+        text += QChar(letter);
+    }
+
+    const auto failure = open.session->typeText(
+        open.target, text, {}, std::chrono::steady_clock::now() + std::chrono::milliseconds(300));
+
+    EXPECT_EQ(failure, (KeyFailure{KeyFailure::Kind::TimedOut, {}}));
+    EXPECT_EQ(keyboardMapping(), before);
+    (void)window.takeKeys(x());
+    EXPECT_EQ(open.session->typeText(open.target, QStringLiteral("a"), {}, soon()), std::nullopt);
+    EXPECT_EQ(textOf(window.takeKeys(x())), QStringLiteral("a"));
+}
+
 TEST_F(TextTest, LetterOnACyrillicLayout_ArrivesWithItsModifier) {
     setLayout(QStringLiteral("us,ru"));
     setGroup(1);
