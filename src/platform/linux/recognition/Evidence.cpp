@@ -7,13 +7,17 @@ namespace brivandel {
 namespace {
 
 // From synthetic speech. Phrases that were said: mostly above -5 for the whole and -8 for each word; single
-// short ones reach -12 and -20, and one word of many -54. Ordinary sentences forced into a phrase: below -27
-// for the whole, below -40 for the command. Sentences that are nearly a phrase differ in one part of it, by
-// -25 and below for a wrong word of the wake phrase.
+// short ones reach -12 and -20, and one word of many -54. Sentences that are nearly a phrase differ in one
+// part of it, by -25 and below for a wrong word of the wake phrase, -28 and below for a wrong command.
 constexpr double leastOfAll = -13;
 constexpr double leastOfWakePhrase = -20;
 constexpr double leastOfCommand = -25;
 constexpr double leastOfCommandWord = -60;
+// A command by itself is short, so that its vague edges weigh more: "undo" has been seen at -17 for the
+// whole. Ordinary sentences forced into a command: -27 and below for the whole, -43 and below for the
+// command.
+constexpr double leastOfAllAlone = -20;
+constexpr double leastOfCommandAlone = -30;
 // A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
 constexpr double leastScore = -75;
 
@@ -52,6 +56,7 @@ double scoreAt(const HeardSegment& place, std::span<const HeardSegment> segments
 Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const HeardSegment> reference,
                          qsizetype wakeWordCount) {
     Evidence evidence;
+    evidence.commandAlone = wakeWordCount == 0;
     Sum command;
     qsizetype wordIndex = 0;
     for (const HeardSegment& segment : phrase) {
@@ -79,7 +84,9 @@ bool Evidence::provesWakePhrase() const {
 }
 
 bool Evidence::provesCommand() const {
-    return ofAll >= leastOfAll && ofCommand >= leastOfCommand && ofWorstCommandWord >= leastOfCommandWord;
+    return ofAll >= (commandAlone ? leastOfAllAlone : leastOfAll) &&
+           ofCommand >= (commandAlone ? leastOfCommandAlone : leastOfCommand) &&
+           ofWorstCommandWord >= leastOfCommandWord;
 }
 
 bool isOutOfQuestion(std::span<const HeardSegment> phrase) {

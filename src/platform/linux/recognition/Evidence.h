@@ -15,6 +15,8 @@ struct Evidence {
     double ofWakePhrase = 0;
     double ofCommand = 0;
     double ofWorstCommandWord = 0;
+    /// The phrase has no wake phrase before it.
+    bool commandAlone = false;
 
     /// phrase and reference are of the same sound, both scored in full. The first words of the phrase, so
     /// many as wakeWordCount says, are the wake phrase.
