@@ -16,9 +16,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""h;
-using std::chrono_literals::operator""ms;
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 
 } // namespace

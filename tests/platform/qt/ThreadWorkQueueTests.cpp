@@ -13,7 +13,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 } // namespace
 
@@ -54,6 +54,7 @@ TEST(ThreadWorkQueue, FourThreadsRunManyPieces_EachRunsOnce) {
     std::counting_semaphore<> done(0);
     ThreadWorkQueue queue;
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&] {
             for (int i = 0; i < piecesPerThread; ++i) {

@@ -37,6 +37,7 @@ public:
     /// What went wrong, once it has ended.
     [[nodiscard]] const std::optional<QString>& problem() const { return problem_; }
     [[nodiscard]] const AudioSource& source() const { return source_; }
+    [[nodiscard]] std::uint32_t blockFrames() const { return blockFrames_; }
 
     /// Throws away what comes until resumed. The server is not told to pause ("cork"): after a pause both
     /// PulseAudio and PipeWire first deliver a remnant from before it.

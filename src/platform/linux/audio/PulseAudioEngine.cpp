@@ -27,9 +27,6 @@ void PulseAudioEngine::installTap(std::uint32_t bufferSizeFrames, const AudioFor
                                   TapBlock block) {
     std::optional<Tap> tap(Tap{bufferSizeFrames, std::move(block)});
     const PulseAudioLoop::Lock lock(context_.loop());
-    if (!tap_ || tap_->bufferSizeFrames != bufferSizeFrames) {
-        stream_.reset();
-    }
     tap_.swap(tap);
     updateWhileRunning();
 }
@@ -101,7 +98,8 @@ std::optional<QString> PulseAudioEngine::update(const AudioServer& server) {
         return missingSource(server);
     }
     close_.cancel();
-    if (stream_ != nullptr && stream_->isAlive() && stream_->source() == *input) {
+    if (stream_ != nullptr && stream_->isAlive() && stream_->source() == *input &&
+        stream_->blockFrames() == tap_->bufferSizeFrames) {
         stream_->resume();
         return std::nullopt;
     }

@@ -12,7 +12,6 @@ namespace {
 
 using namespace brivandel;
 using Clock = std::chrono::steady_clock;
-using std::chrono_literals::operator""s;
 
 double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
@@ -47,7 +46,7 @@ int main() {
         const auto start = Clock::now();
         std::ignore = engine.start();
         call.push_back(millisecondsSince(start));
-        blocks.next(1, 10s);
+        blocks.next(1, std::chrono::seconds(10));
         fresh.push_back(millisecondsSince(start));
     }
     report("start() itself", call);
@@ -56,21 +55,21 @@ int main() {
     PulseAudioEngine engine(context);
     engine.installTap(1024, engine.inputFormat(), blocks.tap());
     std::ignore = engine.start();
-    blocks.next(1, 10s);
+    blocks.next(1, std::chrono::seconds(10));
     std::vector<double> kept;
     for (int round = 0; round < rounds; ++round) {
         engine.stop();
         blocks.next(1, std::chrono::milliseconds(300)); // as long as a restart of recognition waits at least
         const auto start = Clock::now();
         std::ignore = engine.start();
-        blocks.next(1, 10s);
+        blocks.next(1, std::chrono::seconds(10));
         kept.push_back(millisecondsSince(start));
     }
     report("first block, stopped 300 ms before", kept);
 
     const auto wall = Clock::now();
     const double processor = processorSeconds();
-    blocks.next(480, 20s);
+    blocks.next(480, std::chrono::seconds(20));
     std::printf("capture at 48 kHz costs %.2f %% of one core (%.0f s measured)\n",
                 100'000 * (processorSeconds() - processor) / millisecondsSince(wall),
                 millisecondsSince(wall) / 1000);
@@ -84,7 +83,7 @@ int main() {
     });
     const double back = millisecondsSince(ready);
     std::ignore = engine.start();
-    blocks.next(1, 10s);
+    blocks.next(1, std::chrono::seconds(10));
     std::printf("server back: known %s%.1f ms after it was ready, first block after %.1f ms\n",
                 isBack ? "" : "NOT ", back, millisecondsSince(ready));
 }

@@ -10,7 +10,6 @@ namespace brivandel {
 
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 
 struct Block {

@@ -9,8 +9,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""ms;
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 /// Whether this program's recording leaves the server's list in time.
 bool captureCloses(std::chrono::milliseconds patience) {
@@ -20,8 +19,7 @@ bool captureCloses(std::chrono::milliseconds patience) {
     timer.start();
     bool isOpen = true;
     while (isOpen && timer.elapsed() < patience.count()) {
-        isOpen = pactl({QStringLiteral("list"), QStringLiteral("source-outputs")})
-                     .contains(QStringLiteral("media.name = \"Voice control\""));
+        isOpen = !recordingOfThisProgram().isEmpty();
         if (isOpen) {
             events.waitForReadyRead(static_cast<int>(patience.count() - timer.elapsed()));
             events.readAll();
@@ -59,12 +57,8 @@ TEST_F(PulseAudioEngineTest, Tone_ArrivesInBlocksOfTheSizeAskedFor) {
 }
 
 TEST_F(PulseAudioEngineTest, StereoInput_ArrivesAtItsOwnRate) {
-    const TonePlayer tone(QStringLiteral("feed2"),
-                          *[] {
-                              static pa_channel_map map;
-                              return pa_channel_map_init_stereo(&map);
-                          }(),
-                          44100, {300, 700});
+    pa_channel_map map;
+    const TonePlayer tone(QStringLiteral("feed2"), *pa_channel_map_init_stereo(&map), 44100, {300, 700});
     choose(QStringLiteral("vmic2"));
     const AudioFormat format = engine_.inputFormat();
     installTap();
@@ -174,12 +168,15 @@ TEST_F(PulseAudioEngineTest, StopAndStart_HearsAgain) {
     const TonePlayer tone(QStringLiteral("feed"), monoMap(), 48000, {440});
     installTap();
     startAndCollect(2);
+    const QString recording = recordingOfThisProgram();
+    EXPECT_FALSE(recording.isEmpty());
     for (int round = 0; round < 5; ++round) {
         engine_.stop();
         engine_.removeTap();
         installTap();
         ASSERT_EQ(engine_.start(), std::nullopt);
         EXPECT_TRUE(hears(440));
+        EXPECT_EQ(recordingOfThisProgram(), recording) << "the stream stays open across a restart";
     }
 }
 
@@ -204,6 +201,16 @@ TEST_F(PulseAudioEngineTest, StartedAgain_HearsNothingFromBeforeTheStart) {
     }
     ASSERT_LT(loudness, 0.001);
     EXPECT_LT(toneAmplitude(channelOf(startAndCollect(2), 0), 440, 48000), 0.001);
+}
+
+TEST_F(PulseAudioEngineTest, TapOfAnotherSize_GetsBlocksOfItsSize) {
+    installTap();
+    startAndCollect(2);
+    engine_.removeTap();
+    engine_.installTap(480, engine_.inputFormat(), blocks_.tap());
+    const auto blocks = blocks_.next(2, patience);
+    ASSERT_EQ(blocks.size(), 2U);
+    EXPECT_EQ(blocks[0].channels[0].size(), 480U);
 }
 
 TEST_F(PulseAudioEngineTest, StopClosedTheStream_StartOpensAnother) {

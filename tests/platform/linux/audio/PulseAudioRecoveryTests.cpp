@@ -4,8 +4,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""ms;
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 } // namespace
 
@@ -78,16 +77,11 @@ TEST_F(PulseAudioRecoveryTest, DefaultChangesWhileADeviceIsChosen_IsNotFollowed)
 }
 
 TEST_F(PulseAudioRecoveryTest, ServerHangs_CallsReturnAtOnceAndTheStreamThatRanDryIsReplaced) {
-    const auto recording = [] {
-        const QString list = pactl({QStringLiteral("list"), QStringLiteral("source-outputs")});
-        const QString ours = list.left(list.indexOf(QStringLiteral("\"Voice control\"")));
-        return ours.mid(ours.lastIndexOf(u'#')).section(u'\n', 0, 0);
-    };
     installTap();
     startAndCollect(2);
-    const QString before = recording();
+    const QString before = recordingOfThisProgram();
     EXPECT_EQ(engine_.start(), std::nullopt);
-    EXPECT_EQ(recording(), before);
+    EXPECT_EQ(recordingOfThisProgram(), before);
 
     freezeServer();
     std::ignore = blocks_.next(10'000, CaptureStream::laterSoundPatience + 200ms);
@@ -98,7 +92,7 @@ TEST_F(PulseAudioRecoveryTest, ServerHangs_CallsReturnAtOnceAndTheStreamThatRanD
     EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
     thawServer();
     EXPECT_EQ(blocks_.next(2, patience).size(), 2U);
-    EXPECT_NE(recording(), before);
+    EXPECT_NE(recordingOfThisProgram(), before);
 }
 
 TEST_F(PulseAudioRecoveryTest, ServerKilledAndBack_ContextReconnectsAndStartWorks) {

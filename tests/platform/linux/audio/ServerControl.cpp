@@ -38,6 +38,12 @@ QString pactl(const QStringList& arguments) {
     return run(QStringLiteral("pactl"), arguments);
 }
 
+QString recordingOfThisProgram() {
+    const QString list = pactl({QStringLiteral("list"), QStringLiteral("source-outputs")});
+    const qsizetype name = list.indexOf(QStringLiteral("media.name = \"Voice control\""));
+    return name < 0 ? QString() : list.mid(list.lastIndexOf(u'#', name)).section(u'\n', 0, 0);
+}
+
 void freezeServer() {
     signalServer(SIGSTOP);
 }

@@ -16,6 +16,9 @@ namespace brivandel {
 /// Runs pactl to its end and returns what it printed; fails the test when it fails.
 QString pactl(const QStringList& arguments);
 
+/// The server's number of the recording that this program makes; empty when there is none.
+[[nodiscard]] QString recordingOfThisProgram();
+
 /// Takes the server of script/with-audio-server down as a crash would, and brings it back, ready.
 void stopServer();
 void startServer();

@@ -13,7 +13,7 @@ TonePlayer::TonePlayer(const QString& sink, const pa_channel_map& map, std::uint
                        std::vector<double> frequenciesHz)
     : frequenciesHz_(std::move(frequenciesHz))
     , sampleRateHz_(sampleRateHz) {
-    using std::chrono_literals::operator""s;
+    using namespace std::chrono_literals;
     const PulseAudioLoop::Lock lock(loop_);
     const auto wake = [](auto*, void* self) { static_cast<TonePlayer*>(self)->loop_.wake(); };
 
@@ -62,7 +62,8 @@ void TonePlayer::write(std::size_t byteCount) {
     const std::size_t channelCount = frequenciesHz_.size();
     std::vector<float> samples(byteCount / sizeof(float) / channelCount * channelCount);
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        const double seconds = static_cast<double>(framesWritten_ + i / channelCount) / sampleRateHz_;
+        const std::size_t frame = framesWritten_ + i / channelCount;
+        const double seconds = static_cast<double>(frame) / sampleRateHz_;
         const double angle = 2 * std::numbers::pi * frequenciesHz_[i % channelCount] * seconds;
         samples[i] = static_cast<float>(amplitude * std::sin(angle));
     }

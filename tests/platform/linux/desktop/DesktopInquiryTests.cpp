@@ -14,8 +14,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""ms;
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 /// On another thread, for this one's event loop answers.
 DesktopInquiry inquire(std::chrono::milliseconds patience) {

@@ -33,7 +33,7 @@ private:
 
 } // namespace
 
-FakeBusService::FakeBusService(QString name, QString path)
+FakeBusService::FakeBusService(QString name, const QString& path)
     : name_(std::move(name))
     , connection_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_)) {
     EXPECT_TRUE(connection_.registerVirtualObject(path, this));

@@ -14,7 +14,7 @@ namespace brivandel {
 /// A service on the session bus, with a connection of its own, that answers as it is told.
 class FakeBusService final : public QDBusVirtualObject {
 public:
-    FakeBusService(QString name, QString path);
+    FakeBusService(QString name, const QString& path);
     ~FakeBusService() override;
 
     /// What it answers to that method; it leaves every other one without an answer.

@@ -11,7 +11,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 class RecordingLog final : public DiagnosticLog {
 public:

@@ -11,7 +11,7 @@ namespace brivandel {
 
 namespace {
 
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 class WaitingLog final : public DiagnosticLog {
 public:
@@ -47,7 +47,7 @@ protected:
     std::vector<float> nextSound(std::size_t blockCount) {
         const auto deadline = std::chrono::steady_clock::now() + patience;
         while (std::chrono::steady_clock::now() < deadline) {
-            const auto samples = channelOf(blocks_.next(blockCount, patience), 0);
+            auto samples = channelOf(blocks_.next(blockCount, patience), 0);
             if (std::ranges::any_of(samples, [](float sample) { return std::abs(sample) > 0.01F; })) {
                 return samples;
             }
