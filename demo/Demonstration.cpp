@@ -7,9 +7,8 @@
 #include "cli/WaveFile.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QProcess>
-#include <QStandardPaths>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include <nlohmann/json.hpp>
@@ -17,7 +16,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <functional>
+#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 
@@ -44,7 +43,9 @@ void say(const char* step, const QString& text) {
 // A program whose output is JSON, a line an event.
 class EventSource {
 public:
-    EventSource(const QString& program, const QStringList& arguments) : program_(program) {
+    EventSource(const QString& program, const QStringList& arguments, const QProcessEnvironment& environment)
+        : program_(program) {
+        process_.setProcessEnvironment(environment);
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process_.start(program, arguments);
     }
@@ -85,6 +86,15 @@ private:
 
 QString builtProgram(const QString& name) {
     return QCoreApplication::applicationDirPath() + u'/' + name;
+}
+
+// The demonstration must not depend on the user's settings, nor press a key in the user's workstation.
+QProcessEnvironment environmentOfItsOwn(const QString& folder) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("BRIVANDEL_TARGET"));
+    environment.insert(QStringLiteral("HOME"), folder);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder);
+    return environment;
 }
 
 QString speak(const QString& phrase, const QString& folder) {
@@ -160,7 +170,8 @@ double follow(EventSource& listening) {
 
 void demonstrate(const QString& phrase) {
     const QTemporaryDir folder;
-    EventSource window(builtProgram(QStringLiteral("Logic Pro")), {});
+    const QProcessEnvironment environment = environmentOfItsOwn(folder.path());
+    EventSource window(builtProgram(QStringLiteral("Logic Pro")), {}, environment);
     const auto ready = window.next();
     if (!ready || ready->value("event", "") != "ready") {
         throw Failure(QStringLiteral("the window of \"Logic Pro\" did not open"));
@@ -173,9 +184,10 @@ void demonstrate(const QString& phrase) {
                       .arg(phrase)
                       .arg(speechEnd, 0, 'f', 2));
 
-    EventSource listening(
-        builtProgram(QStringLiteral("brivandel")),
-        {QStringLiteral("listen"), QStringLiteral("--json"), QStringLiteral("--real-time"), sound});
+    EventSource listening(builtProgram(QStringLiteral("brivandel")),
+                          {QStringLiteral("listen"), QStringLiteral("--json"), QStringLiteral("--real-time"),
+                           QStringLiteral("--target"), QStringLiteral("Logic Pro"), sound},
+                          environment);
     const double began = follow(listening);
 
     const auto key = window.next();
@@ -198,7 +210,7 @@ int main(int argc, char* argv[]) {
     std::printf("Brivandel: a spoken command becomes a key press\n\n");
     try {
         demonstrate(phrase);
-    } catch (const Failure& failure) {
+    } catch (const std::exception& failure) {
         std::fprintf(stderr, "demonstration: %s\n", failure.what());
         return EXIT_FAILURE;
     }

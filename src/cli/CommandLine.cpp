@@ -6,9 +6,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <ostream>
-#include <span>
 #include <string>
 
 namespace brivandel {
@@ -44,19 +42,6 @@ std::string oneLine(std::string text) {
 
 } // namespace
 
-bool isForCommandLine(int argumentCount, const char* const* arguments) {
-    CLI::App app;
-    Subcommands subcommands;
-    for (const auto add : adders) {
-        add(app, subcommands);
-    }
-    const std::span<const char* const> all(arguments, static_cast<std::size_t>(argumentCount));
-    return std::ranges::any_of(all.subspan(1), [&subcommands](const char* argument) {
-        return std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0 ||
-               std::strcmp(argument, "--version") == 0 || isSubcommand(subcommands, argument);
-    });
-}
-
 int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal) {
     CLI::App app("Brivandel listens for spoken commands and sends their keys to Logic Pro.", "brivandel");
     app.set_version_flag("--version", "brivandel " BRIVANDEL_VERSION);
@@ -83,7 +68,13 @@ int runCommandLine(int argumentCount, const char* const* arguments, const Termin
                      << " --help' for what it takes\n";
         return ExitStatus::badUsage;
     }
-    return subcommands.at(app.get_subcommands().front())(terminal);
+    const int status = subcommands.at(app.get_subcommands().front())(terminal);
+    terminal.out.flush();
+    if (!terminal.out) {
+        terminal.err << commandName(app) << ": what it prints could not be written\n";
+        return ExitStatus::failure;
+    }
+    return status;
 }
 
 } // namespace brivandel

@@ -18,10 +18,6 @@ enum ExitStatus : int {
     badUsage = 2, ///< the call, or a scenario, is not of the form that is understood
 };
 
-/// Whether these arguments are for the headless face: a subcommand stands among them, or they ask for help or
-/// version.
-[[nodiscard]] bool isForCommandLine(int argumentCount, const char* const* arguments);
-
 /// Runs a subcommand and returns the process's exit status.
 [[nodiscard]] int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal);
 

@@ -1,4 +1,5 @@
 #include "cli/Subcommands.h"
+#include "cli/UserSettings.h"
 #include "platform/Diagnosis.h"
 
 #include <CLI/CLI.hpp>
@@ -50,7 +51,8 @@ void addDoctorCommand(CLI::App& app, Subcommands& subcommands) {
     command->add_option("--target", options->target, "The program that stands for Logic Pro");
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) -> int {
-        const auto findings = diagnose({QString::fromStdString(options->target)});
+        const auto findings = diagnose({QString::fromStdString(options->target),
+                                        readUserSettings(terminal.err).audioDevice.value_or(QString())});
         for (const Finding& finding : findings) {
             print(finding, options->json, terminal.out);
         }

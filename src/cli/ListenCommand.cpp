@@ -68,8 +68,7 @@ void addListenCommand(CLI::App& app, Subcommands& subcommands) {
     command->add_flag("--dry-run", options->dryRun, "Run no script");
     command->add_flag("--real-time", options->realTime,
                       "Listen to files at the pace of a microphone, not as fast as it goes");
-    command->add_option("--target", options->target, "The program that stands for Logic Pro")
-        ->envname("BRIVANDEL_TARGET");
+    command->add_option("--target", options->target, "The program that stands for Logic Pro");
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runListen(*options, terminal); };
 }

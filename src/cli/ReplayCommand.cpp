@@ -1,4 +1,5 @@
 #include "cli/Subcommands.h"
+#include "cli/TextInput.h"
 #include "cli/replay/ReplaySession.h"
 #include "platform/PlatformFactory.h"
 
@@ -8,10 +9,10 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <istream>
 #include <memory>
 #include <ostream>
+#include <sstream>
 #include <string>
 
 namespace brivandel {
@@ -83,13 +84,16 @@ int runReplay(const ReplayOptions& options, const Terminal& terminal) {
         }
         storedObjects = std::get<QVariantMap>(read);
     }
-    std::ifstream file;
+    // A file is read whole; standard input line by line, since whoever writes it may be waiting for what it
+    // prints.
+    std::istringstream text;
     if (options.file != "-") {
-        file.open(options.file);
-        if (!file) {
-            terminal.err << "brivandel replay: " << options.file << ": cannot be read\n";
+        const auto input = readTextInput(options.file, terminal);
+        if (const auto* error = std::get_if<TextInputError>(&input)) {
+            terminal.err << "brivandel replay: " << options.file << ": " << error->reason << '\n';
             return ExitStatus::failure;
         }
+        text.str(std::get<std::string>(input));
     }
 
     const auto print = [&](const nlohmann::ordered_json& effect) {
@@ -99,7 +103,7 @@ int runReplay(const ReplayOptions& options, const Terminal& terminal) {
         }
     };
     ReplaySession session(print, storedObjects);
-    return replay(options.file == "-" ? terminal.in : file, options.file, session, terminal.err);
+    return replay(options.file == "-" ? terminal.in : text, options.file, session, terminal.err);
 }
 
 } // namespace

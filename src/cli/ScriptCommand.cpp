@@ -1,14 +1,12 @@
 #include "cli/ScriptErrorJson.h"
 #include "cli/Subcommands.h"
+#include "cli/TextInput.h"
 #include "platform/PlatformFactory.h"
 
 #include <QString>
 
 #include <CLI/CLI.hpp>
 
-#include <fstream>
-#include <istream>
-#include <iterator>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -24,16 +22,12 @@ struct ScriptOptions {
 };
 
 int runScript(const ScriptOptions& options, const Terminal& terminal) {
-    std::ifstream file;
-    if (options.file != "-") {
-        file.open(options.file);
-        if (!file) {
-            terminal.err << "brivandel script: " << options.file << ": cannot be read\n";
-            return ExitStatus::failure;
-        }
+    const auto input = readTextInput(options.file, terminal);
+    if (const auto* error = std::get_if<TextInputError>(&input)) {
+        terminal.err << "brivandel script: " << options.file << ": " << error->reason << '\n';
+        return ExitStatus::failure;
     }
-    std::istream& in = options.file == "-" ? terminal.in : file;
-    const std::string source{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const auto& source = std::get<std::string>(input);
 
     const auto host = makeScriptHost({QString::fromStdString(options.target)});
     const auto error = host->run(QString::fromStdString(source));
@@ -56,8 +50,7 @@ void addScriptCommand(CLI::App& app, Subcommands& subcommands) {
     CLI::App* command =
         app.add_subcommand("script", "Hand an AppleScript to the script host, as a command would");
     command->add_option("FILE", options->file, "The script; '-', or none, reads it from standard input");
-    command->add_option("--target", options->target, "The program that stands for Logic Pro")
-        ->envname("BRIVANDEL_TARGET");
+    command->add_option("--target", options->target, "The program that stands for Logic Pro");
     command->add_flag("--json", options->json, "Print JSON, one object a line");
     subcommands[command] = [options](const Terminal& terminal) { return runScript(*options, terminal); };
 }

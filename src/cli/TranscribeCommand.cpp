@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <cmath>
 #include <iomanip>
 #include <memory>
 #include <ostream>
@@ -35,7 +36,7 @@ public:
         , json_(json)
         , terminal_(terminal) {}
 
-    // False when there is no sound in the file, which is said.
+    // False when there is no sound in the file, or it cannot be heard; either is said.
     bool transcribe(const std::string& path) {
         auto opened = WaveFile::open(path);
         if (const auto* reason = std::get_if<QString>(&opened)) {
@@ -44,6 +45,7 @@ public:
         }
         auto& file = std::get<WaveFile>(opened);
         double seconds = 0;
+        bool isHeard = true;
         const auto request = recognition_.makeRequest();
         request->setShouldReportPartialResults(true);
         const auto task = recognizer_.startTask(request, [&](const std::optional<RecognitionResult>& result,
@@ -61,7 +63,7 @@ public:
         }
         request->endAudio();
         task->finish();
-        return true;
+        return isHeard;
     }
 
 private:

@@ -2,39 +2,33 @@
 
 #include "listening/Settings.h"
 #include "platform/PlatformFactory.h"
-#include "platform/qt/LogFile.h"
+#include "platform/scripted/MemoryDefaultsStore.h"
 
-#include <chrono>
 #include <ostream>
 
 namespace brivandel {
 
-namespace {
-
-template <typename Result>
-Result withUserDefaults(std::ostream& err, const std::function<Result(DefaultsStore&)>& use) {
-    LogFile log(LogFile::logDirectory(), [] { return std::chrono::system_clock::now(); });
-    const auto store = makeDefaultsStore(
-        log, [&err](const QString& message) { err << "brivandel: " << message.toStdString() << '\n'; });
-    return use(*store);
+QVariantMap readUserDefaults(std::ostream& err) {
+    const QString path = userDefaultsPath();
+    auto read = readDefaultsFile(path);
+    if (const auto* reason = std::get_if<QString>(&read)) {
+        err << "brivandel: settings file " << path.toStdString()
+            << " could not be read: " << reason->toStdString() << "; the defaults hold\n";
+        return {};
+    }
+    return std::get<QVariantMap>(read);
 }
-
-} // namespace
 
 UserSettings readUserSettings(std::ostream& err) {
-    return withUserDefaults<UserSettings>(err, [](DefaultsStore& store) {
-        const Settings settings(store);
-        return UserSettings{
-            .wakeWord = settings.wakeWord(),
-            .useWakeWord = settings.useWakeWord().value_or(true),
-            .customCommands = settings.customCommands().value_or(CustomCommandList()),
-            .triggerOverrides = settings.triggerOverrides().value_or(TriggerOverrides()),
-        };
-    });
-}
-
-QVariantMap readUserDefaults(std::ostream& err) {
-    return withUserDefaults<QVariantMap>(err, [](DefaultsStore& store) { return store.objects(); });
+    MemoryDefaultsStore store(readUserDefaults(err));
+    const Settings settings(store);
+    return {
+        .wakeWord = settings.wakeWord(),
+        .useWakeWord = settings.useWakeWord().value_or(true),
+        .audioDevice = settings.audioDevice(),
+        .customCommands = settings.customCommands().value_or(CustomCommandList()),
+        .triggerOverrides = settings.triggerOverrides().value_or(TriggerOverrides()),
+    };
 }
 
 } // namespace brivandel

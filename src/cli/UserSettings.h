@@ -7,13 +7,15 @@
 #include <QVariantMap>
 
 #include <iosfwd>
+#include <optional>
 
 namespace brivandel {
 
-/// What the user has set, as far as it decides what a phrase means. Nothing is written back.
+/// What the user has set, as far as subcommands ask for it. Nothing is written back.
 struct UserSettings {
     QString wakeWord;
     bool useWakeWord = true;
+    std::optional<QString> audioDevice;
     CustomCommandList customCommands;
     TriggerOverrides triggerOverrides;
 };

@@ -12,8 +12,8 @@ namespace brivandel {
 }
 
 [[nodiscard]] inline QString logText(double value) {
-    const QString text = QString::number(value, 'g', QLocale::FloatingPointShortest);
-    return text.contains(u'.') || text.contains(u'e') ? text : text + QStringLiteral(".0");
+    const QString text = QString::number(value, 'f', QLocale::FloatingPointShortest);
+    return text.contains(u'.') ? text : text + QStringLiteral(".0");
 }
 
 } // namespace brivandel

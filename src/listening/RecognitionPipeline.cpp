@@ -49,7 +49,7 @@ void RecognitionPipeline::startListening() {
 
     beginTask();
     removeTap();
-    applySelectedDevice();
+    applySelectedAudioDevice();
     installTap();
     startEngine();
 }
@@ -59,8 +59,18 @@ void RecognitionPipeline::beginTask() {
     if (!speechRecognizer_) {
         return;
     }
-    auto heard = lifeline_.guard([this](const QString& transcript) { observer_.pipelineHeard(transcript); });
-    auto failed = lifeline_.guard([this](const QString& description) { handleError(description); });
+    const auto life = std::make_shared<TaskLife>();
+    taskLife_ = life;
+    auto heard = lifeline_.guard([this, life](const QString& transcript) {
+        if (!life->isCancelled) {
+            observer_.pipelineHeard(transcript);
+        }
+    });
+    auto failed = lifeline_.guard([this, life](const QString& description) {
+        if (!life->isCancelled) {
+            handleError(description);
+        }
+    });
     recognitionTask_ = speechRecognizer_->startTask(
         recognitionRequest_,
         [&mainQueue = services_.mainQueue, heard, failed](const std::optional<RecognitionResult>& result,
@@ -81,9 +91,14 @@ void RecognitionPipeline::removeTap() {
     }
 }
 
-void RecognitionPipeline::applySelectedDevice() {
+void RecognitionPipeline::applySelectedAudioDevice() {
     const auto uid = observer_.pipelineDeviceUID();
-    const auto device = uid ? services_.audioDevices.deviceIDForUID(*uid) : std::nullopt;
+    if (!uid) {
+        services_.audioEngine.followDefaultInput();
+        return;
+    }
+    // Not plugged in at present: the engine keeps the device that it had.
+    const auto device = services_.audioDevices.deviceIDForUID(*uid);
     if (!device) {
         return;
     }
@@ -242,6 +257,7 @@ void RecognitionPipeline::stopListening() {
     }
     if (recognitionTask_) {
         recognitionTask_->cancel();
+        taskLife_->isCancelled = true;
     }
     recognitionRequest_.reset();
     recognitionTask_.reset();

@@ -66,11 +66,16 @@ public:
     void forgetRecentRestarts() { recentRestartCount_ = 0; }
 
 private:
+    // Shared with what a task has on its way to the main thread: once the task is cancelled, that is dropped.
+    struct TaskLife {
+        bool isCancelled = false;
+    };
+
     void beginTask();
     void installTap();
     [[nodiscard]] AudioEngine::TapBlock tapBlock(const AudioFormat& format);
     void removeTap();
-    void applySelectedDevice();
+    void applySelectedAudioDevice();
     void startEngine();
     void retryEngine();
     void sessionStarted();
@@ -82,6 +87,7 @@ private:
     std::unique_ptr<SpeechRecognizer> speechRecognizer_;
     std::shared_ptr<SpeechRecognitionRequest> recognitionRequest_;
     std::unique_ptr<SpeechRecognitionTask> recognitionTask_;
+    std::shared_ptr<TaskLife> taskLife_;
     std::unique_ptr<Timer> restartTimer_; // renews a session in which nothing happens
     bool tapInstalled_ = false;
     bool isRestarting_ = false;

@@ -4,6 +4,7 @@
 #include "platform/DefaultsStore.h"
 
 #include <QByteArray>
+#include <QRegularExpression>
 #include <QVariant>
 
 namespace brivandel {
@@ -32,10 +33,15 @@ std::optional<Value> typed(const QVariant& object) {
     return object.value<Value>();
 }
 
-// A plain Boolean, as the platform reads one: numbers and texts count as well as true and false do.
+// A plain Boolean, as the platform reads one: a number other than 0 is true, and so is a text that begins
+// like "yes", "true" or a number other than 0.
 std::optional<bool> plainBoolean(const QVariant& object) {
     if (!object.isValid()) {
         return std::nullopt;
+    }
+    if (object.typeId() == QMetaType::QString) {
+        static const QRegularExpression truth(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
+        return object.toString().contains(truth);
     }
     return object.toBool();
 }

@@ -2,7 +2,6 @@
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
-#include <QPointer>
 
 #include <memory>
 
@@ -10,26 +9,26 @@ namespace brivandel {
 
 namespace {
 
-// Owned by the application object, and so gone before Qt is; a function's static would outlive it.
-class SharedVoiceController final : public QObject {
-public:
-    explicit SharedVoiceController(QObject* parent) : QObject(parent) {}
-
-    VoiceController& controller() { return controller_; }
-
-private:
-    std::unique_ptr<Platform> platform_ = makePlatform({});
-    VoiceController controller_{*platform_};
+// A routine of the application object's end deletes it: while Qt's event dispatcher is still there, which
+// what the platform holds needs. A function's static would outlive both.
+struct SharedVoiceController {
+    std::unique_ptr<Platform> platform = makePlatform({});
+    VoiceController controller{*platform};
 };
+
+std::unique_ptr<SharedVoiceController>& instance() {
+    static std::unique_ptr<SharedVoiceController> shared;
+    return shared;
+}
 
 } // namespace
 
 VoiceController& VoiceController::shared() {
-    static QPointer<SharedVoiceController> shared;
-    if (!shared) {
-        shared = new SharedVoiceController(QCoreApplication::instance());
+    if (!instance()) {
+        instance() = std::make_unique<SharedVoiceController>();
+        qAddPostRoutine([] { instance().reset(); });
     }
-    return shared->controller();
+    return instance()->controller;
 }
 
 } // namespace brivandel

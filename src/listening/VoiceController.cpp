@@ -159,24 +159,24 @@ void VoiceController::setAudioLevel(float level) {
 
 void VoiceController::setWakeWord(const QString& wakeWord) {
     assign(wakeWord_, wakeWord, &VoiceController::wakeWordChanged);
-    settings_.setWakeWord(wakeWord);
+    settings_.setWakeWord(wakeWord_);
     vocabularyMayHaveChanged();
 }
 
 void VoiceController::setUseWakeWord(bool use) {
     assign(useWakeWord_, use, &VoiceController::useWakeWordChanged);
-    settings_.setUseWakeWord(use);
+    settings_.setUseWakeWord(useWakeWord_);
     vocabularyMayHaveChanged();
 }
 
 void VoiceController::setAudioFeedbackEnabled(bool enabled) {
     assign(audioFeedbackEnabled_, enabled, &VoiceController::audioFeedbackEnabledChanged);
-    settings_.setAudioFeedback(enabled);
+    settings_.setAudioFeedback(audioFeedbackEnabled_);
 }
 
 void VoiceController::setSelectedAudioDevice(const std::optional<QString>& uid) {
     assign(selectedAudioDevice_, uid, &VoiceController::selectedAudioDeviceChanged);
-    settings_.setAudioDevice(uid);
+    settings_.setAudioDevice(selectedAudioDevice_);
     if (isListening_) {
         restartRecognition();
     }
@@ -184,17 +184,17 @@ void VoiceController::setSelectedAudioDevice(const std::optional<QString>& uid) 
 
 void VoiceController::setIdleTimeoutMinutes(qlonglong minutes) {
     assign(idleTimeoutMinutes_, minutes, &VoiceController::idleTimeoutMinutesChanged);
-    settings_.setIdleTimeoutMinutes(minutes);
+    settings_.setIdleTimeoutMinutes(idleTimeoutMinutes_);
 }
 
 void VoiceController::setAutoDisableOnIdle(bool disable) {
     assign(autoDisableOnIdle_, disable, &VoiceController::autoDisableOnIdleChanged);
-    settings_.setAutoDisableOnIdle(disable);
+    settings_.setAutoDisableOnIdle(autoDisableOnIdle_);
 }
 
 void VoiceController::setIdleReminderEnabled(bool enabled) {
     assign(idleReminderEnabled_, enabled, &VoiceController::idleReminderEnabledChanged);
-    settings_.setIdleReminderEnabled(enabled);
+    settings_.setIdleReminderEnabled(idleReminderEnabled_);
 }
 
 void VoiceController::setCustomCommands(const CustomCommandList& commands) {
@@ -418,7 +418,10 @@ void VoiceController::pipelineHeard(const QString& transcript) {
 }
 
 void VoiceController::pipelineMeasured(float rootMeanSquare) {
-    setAudioLevel(LevelMeter::nextLevel(audioLevel_, rootMeanSquare));
+    // One that was on its way when listening stopped would stand there for good.
+    if (isListening_) {
+        setAudioLevel(LevelMeter::nextLevel(audioLevel_, rootMeanSquare));
+    }
 }
 
 } // namespace brivandel

@@ -34,6 +34,8 @@ public:
     [[nodiscard]] virtual std::optional<QString> start() = 0;
     virtual void stop() = 0;
 
+    /// Follows the system's default input from now on, which a new engine does too.
+    virtual void followDefaultInput() = 0;
     /// Chooses the input device; 0 for success, else the platform's status.
     [[nodiscard]] virtual std::int32_t setInputDevice(AudioDeviceID device) = 0;
 };

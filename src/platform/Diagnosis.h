@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Platform.h"
-
 #include <QString>
 
 #include <cstdint>
@@ -23,8 +21,15 @@ struct Finding {
     QString remedy; ///< what to do about it; empty when all is well
 };
 
-/// Looks at everything that listening and sending keys need; sends nothing. Takes up to a few seconds, since it listens
-/// to the microphone for a moment. Main thread of a program that does nothing else. Defined once a system.
-[[nodiscard]] std::vector<Finding> diagnose(const PlatformOptions& options);
+/// What is to be looked at.
+struct DiagnosisOptions {
+    QString target;         ///< which program stands for "Logic Pro"; empty: the platform's own rule
+    QString inputDeviceUID; ///< the input that the settings name; empty: the system's default
+};
+
+/// Looks at everything that listening and sending keys need; sends nothing. Takes up to a few seconds, since
+/// it listens to the microphone for a moment. Main thread of a program that does nothing else. Defined once a
+/// system.
+[[nodiscard]] std::vector<Finding> diagnose(const DiagnosisOptions& options);
 
 } // namespace brivandel

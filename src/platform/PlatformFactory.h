@@ -5,7 +5,6 @@
 #include <QString>
 #include <QVariantMap>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -14,12 +13,10 @@
 // makePlatform().
 namespace brivandel {
 
-/// The user's stored settings. complaint hears what a person must know about them (a file that cannot be
-/// read).
-[[nodiscard]] std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
-                                                               std::function<void(const QString&)> complaint);
+/// Where the user's settings are stored; the file need not be there.
+[[nodiscard]] QString userDefaultsPath();
 
-/// The objects in a settings file, or in words why it cannot be read.
+/// The objects in a settings file, or in words why it cannot be read. One that is not there holds none.
 [[nodiscard]] std::variant<QVariantMap, QString> readDefaultsFile(const QString& path);
 
 [[nodiscard]] std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options);

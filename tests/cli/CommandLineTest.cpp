@@ -91,7 +91,7 @@ TEST_F(CommandLineTest, ScriptOfAnotherLanguage_IsRefusedWithItsDictionary) {
 TEST_F(CommandLineTest, ScriptFileThatIsNotThere_IsNamed) {
     const auto result = run({"script", "/nonexistent.applescript"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, "brivandel script: /nonexistent.applescript: cannot be read\n");
+    EXPECT_EQ(result.err, "brivandel script: /nonexistent.applescript: No such file or directory\n");
 }
 
 } // namespace

@@ -17,6 +17,7 @@ public:
     void prepare() override {}
     [[nodiscard]] std::optional<QString> start() override;
     void stop() override { isRunning_ = false; }
+    void followDefaultInput() override {}
     [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID /*device*/) override { return 0; }
 
     void feed(const AudioBuffer& buffer) const;

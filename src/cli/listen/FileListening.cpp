@@ -3,6 +3,7 @@
 #include "cli/listen/FileAudioEngine.h"
 #include "cli/listen/ListenReport.h"
 #include "cli/listen/ObservedServices.h"
+#include "cli/listen/SilentServices.h"
 #include "listening/VoiceController.h"
 #include "platform/Platform.h"
 #include "platform/scripted/MemoryDefaultsStore.h"
@@ -25,19 +26,6 @@ namespace {
 constexpr std::uint32_t blockFrameCount = 1024;
 // Long enough for the recogniser to notice that an utterance at the very end of a file is over.
 constexpr auto silenceAfterFile = 1500ms;
-
-// Sound that is already there needs nobody's permission, and nothing but the events is shown.
-class SilentServices final : public Permissions, public Notifier, public Beeper, public DiagnosticLog {
-public:
-    void requestSpeechAuthorization(std::function<void(SpeechAuthorization)> answer) override {
-        answer(SpeechAuthorization::Authorized);
-    }
-    void requestMicrophoneAccess(std::function<void(bool)> answer) override { answer(true); }
-    void requestNotificationAuthorization() override {}
-    void deliver(const Notification& /*notification*/) override {}
-    void beep() override {}
-    void write(const QString& /*message*/) override {}
-};
 
 // One file, with the controller that listens to it.
 class FileSession {

@@ -3,8 +3,11 @@
 #include "cli/listen/Interruption.h"
 #include "cli/listen/ListenReport.h"
 #include "cli/listen/ObservedServices.h"
+#include "cli/listen/SilentServices.h"
 #include "listening/VoiceController.h"
+#include "platform/Lifeline.h"
 #include "platform/PlatformFactory.h"
+#include "platform/scripted/MemoryDefaultsStore.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -12,6 +15,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <optional>
 #include <ostream>
 #include <utility>
 
@@ -37,6 +41,9 @@ public:
         connect(&redraw_, &QTimer::timeout, this, [this] { draw(); });
     }
 
+    ~StatusLine() override { erase(); }
+    Q_DISABLE_COPY_MOVE(StatusLine)
+
     void erase() { out_ << "\r\x1b[K" << std::flush; }
 
 private:
@@ -54,26 +61,33 @@ private:
     QTimer redraw_;
 };
 
-// The system's platform with its recogniser and its script host observed. Their observers post to the main
-// thread.
+// The system's platform with its recogniser and its script host observed: what they do is reported on the
+// main thread.
 class ObservedPlatform {
 public:
-    explicit ObservedPlatform(const LiveListeningOptions& options)
+    ObservedPlatform(const LiveListeningOptions& options, ListenReport& report)
         : system_(makePlatform({options.target}))
         , recognition_(std::move(system_->speechRecognition))
         , scriptHost_(std::move(system_->scriptHost)) {
         system_->scriptHost = std::make_unique<ObservedScriptHost>(
-            options.dryRun ? nullptr : scriptHost_.get(), [this](const auto& error) {
-                system_->mainQueue->post([this, error] { report_->script(seconds(), error); });
+            options.dryRun ? nullptr : scriptHost_.get(), [this, &report](const auto& error) {
+                post([this, &report, error] { report.script(seconds(), error); });
             });
-        system_->speechRecognition =
-            std::make_unique<ObservedRecognition>(*recognition_, [this](const RecognitionResult& result) {
-                system_->mainQueue->post([this, result] { report_->heard(seconds(), result); });
+        system_->speechRecognition = std::make_unique<ObservedRecognition>(
+            *recognition_, [this, &report](const RecognitionResult& result) {
+                post([this, &report, result] { report.heard(seconds(), result); });
             });
+        if (options.dryRun) {
+            // Nothing has happened, so nothing says so: no beep, no log line, no setting changed by voice.
+            system_->defaults = std::make_unique<MemoryDefaultsStore>(system_->defaults->objects());
+            system_->beeper = std::make_unique<SilentServices>();
+            silentLog_ = std::make_unique<SilentServices>();
+            std::swap(system_->log, silentLog_);
+        }
     }
 
     ~ObservedPlatform() {
-        // Work and recognition end before what they report to is gone.
+        // Scripts and recognition end before what they report to is gone.
         system_->workQueue.reset();
         recognition_.reset();
     }
@@ -81,18 +95,20 @@ public:
     ObservedPlatform& operator=(const ObservedPlatform&) = delete;
 
     Platform& platform() { return *system_; }
-    void setReport(ListenReport& report) { report_ = &report; }
     [[nodiscard]] double seconds() const {
         return std::chrono::duration<double>(system_->mainQueue->now() - start_).count();
     }
     [[nodiscard]] MainQueue::TimePoint start() const { return start_; }
 
 private:
+    void post(MainQueue::Task task) { system_->mainQueue->post(lifeline_.guard(std::move(task))); }
+
+    std::unique_ptr<DiagnosticLog> silentLog_; // or the system's own, which its services go on using
     std::unique_ptr<Platform> system_;
     std::unique_ptr<SpeechRecognition> recognition_;
     std::unique_ptr<ScriptHost> scriptHost_;
-    ListenReport* report_ = nullptr;
     MainQueue::TimePoint start_ = system_->mainQueue->now();
+    Lifeline lifeline_;
 };
 
 } // namespace
@@ -102,38 +118,34 @@ int listenLive(const LiveListeningOptions& options, const Terminal& terminal) {
         terminal.err << "brivandel listen: " << problem->toStdString() << '\n';
         return ExitStatus::failure;
     }
-    ObservedPlatform observed(options);
-    VoiceController controller(observed.platform());
-    const bool isOnTerminal = !options.json && isatty(STDOUT_FILENO) != 0;
     std::optional<StatusLine> statusLine;
-    if (isOnTerminal) {
-        statusLine.emplace(controller, terminal.out);
-    }
     ListenReport report({}, options.json, terminal, [&statusLine] {
         if (statusLine) {
             statusLine->erase();
         }
     });
-    observed.setReport(report);
-    report.began(observed.start());
-
-    QObject::connect(&controller, &VoiceController::willAct, &controller, [&](const Decision& decision) {
-        report.command(observed.seconds(), controller.lastTranscript(), controller.useWakeWord(), decision);
-    });
-    if (!isOnTerminal && !options.json) {
+    ObservedPlatform observed(options, report);
+    VoiceController controller(observed.platform());
+    const bool isOnTerminal = !options.json && isatty(STDOUT_FILENO) != 0;
+    if (isOnTerminal) {
+        statusLine.emplace(controller, terminal.out);
+    } else if (!options.json) {
         QObject::connect(&controller, &VoiceController::statusMessageChanged, &controller,
                          [&] { terminal.out << controller.statusMessage().toStdString() << std::endl; });
     }
+    QObject::connect(&controller, &VoiceController::willAct, &controller, [&](const Decision& decision) {
+        report.command(observed.seconds(), controller.lastTranscript(), controller.useWakeWord(), decision);
+    });
     const Interruption interruption([&] {
         controller.setIsListening(false);
         QCoreApplication::quit();
     });
+
+    report.began(observed.start());
     controller.setIsListening(true);
     QCoreApplication::exec();
-    if (statusLine) {
-        statusLine->erase();
-    }
-    return ExitStatus::success;
+    statusLine.reset();
+    return report.hasFailed() ? ExitStatus::failure : ExitStatus::success;
 }
 
 } // namespace brivandel

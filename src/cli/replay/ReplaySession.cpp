@@ -26,10 +26,13 @@ VirtualMainQueue::Duration duration(double seconds, const char* member) {
     return std::chrono::round<VirtualMainQueue::Duration>(std::chrono::duration<double>(seconds));
 }
 
+// Far above what any input has, and small enough to be held in memory.
+constexpr std::uint32_t mostFrames = 1'000'000;
+constexpr std::uint32_t mostChannels = 1'000;
+
 template <typename Number>
-Number inRange(qlonglong value, const char* member) {
-    if (value < qlonglong{std::numeric_limits<Number>::min()} ||
-        value > qlonglong{std::numeric_limits<Number>::max()}) {
+Number inRange(qlonglong value, const char* member, Number most = std::numeric_limits<Number>::max()) {
+    if (value < qlonglong{std::numeric_limits<Number>::min()} || value > qlonglong{most}) {
         throw ScenarioError("\"" + std::string(member) + "\" is out of range: " + std::to_string(value));
     }
     return static_cast<Number>(value);
@@ -88,7 +91,10 @@ QVariant errorValue(const Json& value, const std::string& key) {
         }
         return list;
     }
-    return scenarioInteger(value, key);
+    if (value.is_boolean()) {
+        return value.get<bool>();
+    }
+    return value.is_number_float() ? QVariant(value.get<double>()) : QVariant(scenarioInteger(value, key));
 }
 
 std::vector<ScriptedChannel> channels(const Json& buffer) {
@@ -314,7 +320,7 @@ void ReplaySession::recognitionError(ScenarioStep& step) {
 
 void ReplaySession::engine(ScenarioStep& step) {
     const auto count = inRange<int>(step.integer("failStarts"), "failStarts");
-    const QString message = step.text("message");
+    const QString message = step.optionalText("message").value_or(QString());
     step.expectNothingElse();
     scripted_.audioEngine.failStarts(count, message);
 }
@@ -340,7 +346,8 @@ void ReplaySession::input(ScenarioStep& step) {
     const auto count = [&step](const char* member, std::uint32_t absent) {
         return inRange<std::uint32_t>(step.optionalInteger(member).value_or(absent), member);
     };
-    format.channelCount = count("channels", format.channelCount);
+    format.channelCount = inRange<std::uint32_t>(
+        step.optionalInteger("channels").value_or(format.channelCount), "channels", mostChannels);
     format.formatID = count("formatID", format.formatID);
     format.bitsPerChannel = count("bitsPerChannel", format.bitsPerChannel);
     step.expectNothingElse();
@@ -372,6 +379,7 @@ void ReplaySession::devices(ScenarioStep& step) {
 
 void ReplaySession::audio(ScenarioStep& step) {
     std::vector<std::vector<ScriptedChannel>> buffers;
+    std::uint32_t times = 1;
     if (const Json* given = step.find("buffers")) {
         if (!given->is_array()) {
             throw ScenarioError("\"buffers\" must be an array");
@@ -381,17 +389,17 @@ void ReplaySession::audio(ScenarioStep& step) {
         }
     } else {
         const auto sample = static_cast<float>(step.number("constant"));
-        constexpr std::uint32_t mostFrames = 1'000'000;
-        const auto frames = std::min(inRange<std::uint32_t>(step.integer("frames"), "frames"), mostFrames);
-        const auto times = inRange<std::uint32_t>(step.optionalInteger("times").value_or(1), "times");
-        buffers.assign(times, std::vector<ScriptedChannel>(inputFormat_.channelCount,
-                                                           std::vector<float>(frames, sample)));
+        const auto frames = inRange<std::uint32_t>(step.integer("frames"), "frames", mostFrames);
+        times = inRange<std::uint32_t>(step.optionalInteger("times").value_or(1), "times");
+        buffers.emplace_back(inputFormat_.channelCount, std::vector<float>(frames, sample));
     }
     step.expectNothingElse();
     static_cast<void>(controller());
-    for (const auto& buffer : buffers) {
-        scripted_.audioEngine.feed(buffer);
-        scripted_.mainQueue.runDue();
+    for (std::uint32_t time = 0; time < times; ++time) {
+        for (const auto& buffer : buffers) {
+            scripted_.audioEngine.feed(buffer);
+            scripted_.mainQueue.runDue();
+        }
     }
 }
 

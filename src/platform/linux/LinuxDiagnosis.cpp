@@ -10,8 +10,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <condition_variable>
-#include <mutex>
+#include <semaphore>
 #include <utility>
 
 namespace brivandel {
@@ -31,43 +30,46 @@ Finding recogniser() {
 }
 
 // The loudest sample of a moment's sound; none when no sound comes.
-std::optional<float> listenForAMoment(PulseAudioContext& context, QString& failure) {
+std::optional<float> listenForAMoment(PulseAudioContext& context, std::optional<AudioDeviceID> device,
+                                      QString& failure) {
     constexpr std::uint32_t blockFrameCount = 1024;
     constexpr int wantedBlocks = 20; // a good 0.4 s at 48 kHz: the first blocks of some servers are empty
     constexpr auto patience = 3s;    // PulseAudio was seen to take 2.2 s for its first sound
 
-    // Waiting here is the main thread's, which has nothing else to do.
-    std::mutex mutex;
-    std::condition_variable arrived;
-    int blocks = 0;
-    float loudest = 0;
+    // The tap must not wait: it counts, and a semaphore tells when there is enough.
+    std::atomic<float> loudest = 0;
+    std::atomic<int> blocks = 0;
+    std::binary_semaphore enough(0);
 
     PulseAudioEngine engine(context);
+    if (device) {
+        static_cast<void>(engine.setInputDevice(*device));
+    }
     engine.installTap(blockFrameCount, engine.inputFormat(), [&](const AudioBuffer& buffer) {
-        const std::scoped_lock lock(mutex);
+        float loudestHere = loudest.load(std::memory_order_relaxed);
         for (std::uint32_t frame = 0; frame < buffer.frameLength; ++frame) {
-            loudest = std::max(loudest, std::abs(buffer.channels[0][frame]));
+            loudestHere = std::max(loudestHere, std::abs(buffer.channels[0][frame]));
         }
-        ++blocks;
-        arrived.notify_one();
+        loudest.store(loudestHere, std::memory_order_relaxed);
+        if (blocks.fetch_add(1, std::memory_order_relaxed) + 1 == wantedBlocks) {
+            enough.release();
+        }
     });
     if (auto problem = engine.start()) {
         failure = *problem;
         return std::nullopt;
     }
-    std::unique_lock lock(mutex);
-    const bool came = arrived.wait_for(lock, patience, [&] { return blocks >= wantedBlocks; });
-    lock.unlock();
+    const bool came = enough.try_acquire_for(patience);
     engine.stop();
     engine.removeTap();
     if (!came) {
         failure = QStringLiteral("no sound arrives from it");
         return std::nullopt;
     }
-    return loudest;
+    return loudest.load();
 }
 
-void lookAtSound(std::vector<Finding>& findings) {
+void lookAtSound(std::vector<Finding>& findings, const QString& chosenUid) {
     PulseAudioContext context;
     const AudioServer server = context.server();
     const QString serverSubject = QStringLiteral("sound server");
@@ -78,15 +80,24 @@ void lookAtSound(std::vector<Finding>& findings) {
         return;
     }
     findings.push_back({serverSubject, State::Well, server.name, {}});
-    const AudioSource* microphone = server.defaultMicrophone();
-    if (!server.hasMicrophone() || microphone == nullptr) {
+    const AudioSource* chosen = server.sourceWithUid(chosenUid);
+    if (!chosenUid.isEmpty() && chosen == nullptr) {
+        findings.push_back(
+            {microphoneSubject, State::Missing,
+             QStringLiteral("the chosen input, ") + chosenUid + QStringLiteral(", is not connected"),
+             QStringLiteral("plug it in, or choose another in the settings")});
+        return;
+    }
+    const AudioSource* microphone = chosen != nullptr ? chosen : server.defaultMicrophone();
+    if (microphone == nullptr) {
         findings.push_back({microphoneSubject, State::Missing,
                             QStringLiteral("the sound server has no input"),
                             QStringLiteral("plug one in, or choose one in the desktop's sound settings")});
         return;
     }
     QString failure;
-    const auto loudest = listenForAMoment(context, failure);
+    const auto loudest = listenForAMoment(
+        context, chosen != nullptr ? std::optional(chosen->deviceID) : std::nullopt, failure);
     if (!loudest) {
         findings.push_back({microphoneSubject, State::Missing,
                             microphone->description + QStringLiteral(": ") + failure,
@@ -104,7 +115,7 @@ void lookAtSound(std::vector<Finding>& findings) {
     findings.push_back(
         {microphoneSubject,
          State::Well,
-         QStringLiteral("%1, loudest just now %2 dB").arg(microphone->description).arg(decibels, 0, 'f', 0),
+         microphone->description + QStringLiteral(", loudest just now %1 dB").arg(decibels, 0, 'f', 0),
          {}});
 }
 
@@ -163,10 +174,10 @@ void lookAtDesktop(std::vector<Finding>& findings) {
 
 } // namespace
 
-std::vector<Finding> diagnose(const PlatformOptions& options) {
+std::vector<Finding> diagnose(const DiagnosisOptions& options) {
     std::vector<Finding> findings = {recogniser()};
-    lookAtSound(findings);
-    lookAtKeys(findings, targetSetting(options));
+    lookAtSound(findings, options.inputDeviceUID);
+    lookAtKeys(findings, targetSetting({options.target}));
     lookAtDesktop(findings);
     return findings;
 }

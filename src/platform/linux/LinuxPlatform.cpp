@@ -25,16 +25,6 @@
 
 namespace brivandel {
 
-namespace {
-
-std::unique_ptr<DefaultsStore> openDefaults(DiagnosticLog& log, WorkQueue* workQueue,
-                                            std::function<void(const QString&)> complaint) {
-    return std::make_unique<PropertyListDefaultsStore>(PropertyListDefaultsStore::defaultPath(), log,
-                                                       workQueue, std::move(complaint));
-}
-
-} // namespace
-
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     auto platform = std::make_unique<Platform>();
     const auto audio = std::make_shared<PulseAudioContext>();
@@ -50,22 +40,24 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
     platform->scriptHost = makeScriptHost(options);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
-    platform->defaults = openDefaults(*platform->log, platform->workQueue.get(), [](const QString& message) {
-        std::cerr << "brivandel: " << message.toStdString() << '\n';
-    });
+    platform->defaults = std::make_unique<PropertyListDefaultsStore>(
+        userDefaultsPath(), *platform->log, platform->workQueue.get(),
+        [](const QString& message) { std::cerr << "brivandel: " << message.toStdString() << '\n'; });
     platform->audioDevices = std::make_unique<PulseAudioDevices>(*audio);
     platform->audioEngine = std::make_unique<PulseAudioEngine>(*audio);
     platform->speechRecognition = std::make_unique<OfflineSpeechRecognition>();
     return platform;
 }
 
-std::unique_ptr<DefaultsStore> makeDefaultsStore(DiagnosticLog& log,
-                                                 std::function<void(const QString&)> complaint) {
-    return openDefaults(log, nullptr, std::move(complaint));
+QString userDefaultsPath() {
+    return PropertyListDefaultsStore::defaultPath();
 }
 
 std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
     QFile file(path);
+    if (!file.exists()) {
+        return QVariantMap();
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         return file.errorString();
     }

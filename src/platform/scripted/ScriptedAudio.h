@@ -25,6 +25,7 @@ public:
     void prepare() override;
     [[nodiscard]] std::optional<QString> start() override;
     void stop() override;
+    void followDefaultInput() override {}
     [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID device) override;
 
     void setInputFormat(const AudioFormat& format) { format_ = format; }

@@ -1,5 +1,6 @@
 #include "platform/scripted/ScriptedServices.h"
 
+#include <QRegularExpression>
 #include <QStringView>
 
 #include <utility>
@@ -67,8 +68,15 @@ void ScriptedPermissions::answerMicrophone(bool granted) const {
 ScriptedNotifier::ScriptedNotifier(const EventSink& sink) : sink_(sink) {}
 
 void ScriptedNotifier::deliver(const Notification& notification) {
-    sink_("notification",
-          {{"title", notification.title.toStdString()}, {"body", notification.body.toStdString()}});
+    nlohmann::ordered_json event = {{"title", notification.title.toStdString()},
+                                    {"body", notification.body.toStdString()}};
+    // An identifier holds the time, which says nothing to a reader; one of another form is a mistake and is
+    // shown.
+    static const QRegularExpression form(QStringLiteral("^idle-\\d+\\.\\d+$"));
+    if (!notification.identifier.contains(form)) {
+        event["identifier"] = notification.identifier.toStdString();
+    }
+    sink_("notification", std::move(event));
 }
 
 ScriptedBeeper::ScriptedBeeper(const EventSink& sink) : sink_(sink) {}

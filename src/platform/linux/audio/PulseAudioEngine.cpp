@@ -60,6 +60,14 @@ void PulseAudioEngine::stop() {
     rest();
 }
 
+void PulseAudioEngine::followDefaultInput() {
+    const PulseAudioLoop::Lock lock(context_.loop());
+    if (chosenUid_) {
+        chosenUid_.reset();
+        updateWhileRunning();
+    }
+}
+
 std::int32_t PulseAudioEngine::setInputDevice(AudioDeviceID device) {
     const PulseAudioLoop::Lock lock(context_.loop());
     auto uid = context_.uidForDeviceID(device);

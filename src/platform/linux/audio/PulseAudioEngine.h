@@ -42,6 +42,7 @@ public:
     [[nodiscard]] std::optional<QString> start() override;
     void stop() override;
 
+    void followDefaultInput() override;
     [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID device) override;
 
 private:

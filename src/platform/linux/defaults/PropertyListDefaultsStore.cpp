@@ -54,10 +54,13 @@ void flushToDisk(const QString& path) {
     }
 }
 
-// A link to the file in a synchronised folder must stay a link.
-QString withoutLinks(const QString& path) {
-    const QString target = QFileInfo(path).canonicalFilePath();
-    return target.isEmpty() ? path : target;
+// A link to the file in a synchronised folder must stay a link, also while that folder is not there.
+QString withoutLinks(QString path) {
+    constexpr int mostLinks = 40; // as many as the system follows
+    for (int links = 0; links < mostLinks && QFileInfo(path).isSymLink(); ++links) {
+        path = QFileInfo(path).symLinkTarget();
+    }
+    return path;
 }
 
 } // namespace
@@ -82,7 +85,10 @@ std::optional<PropertyList> PropertyListDefaultsStore::readFile() {
         return std::nullopt;
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        keepAside(file.errorString());
+        const QString message = QStringLiteral("Settings file %1 could not be opened: %2. The defaults hold.")
+                                    .arg(path_, file.errorString());
+        log_.write(message);
+        complaint_(message);
         return std::nullopt;
     }
     auto parsed = PropertyList::parse(file.readAll());
@@ -123,7 +129,7 @@ void PropertyListDefaultsStore::change(const QString& key, const QVariant& value
 
     // Another program may have written since: its keys are taken over. A file that has become unreadable
     // meanwhile, or has gone, is made anew from what is in memory.
-    if (auto stored = lock.isHeld() ? readFile() : std::nullopt) {
+    if (auto stored = lock.problem().isEmpty() ? readFile() : std::nullopt) {
         list_ = std::move(*stored);
     }
     for (auto entry = unwritten_.cbegin(); entry != unwritten_.cend(); ++entry) {
@@ -134,14 +140,18 @@ void PropertyListDefaultsStore::change(const QString& key, const QVariant& value
         }
     }
 
-    QString failure = QStringLiteral("its folder cannot be written to");
-    if (!lock.isHeld() || !replaceFile(path_, list_.toBinary(), failure)) {
+    QString failure = lock.problem();
+    if (!failure.isEmpty() || !replaceFile(path_, list_.toBinary(), failure)) {
         log_.write(QStringLiteral("Settings file %1 could not be written: %2").arg(path_, failure));
         return;
     }
     unwritten_.clear();
-    if (workQueue_ != nullptr) {
-        workQueue_->run([path = path_] { flushToDisk(path); });
+    // One flush at a time: it is for the file as it is by then, and a slow disk must not fill the queue.
+    if (workQueue_ != nullptr && !flushIsPending_->exchange(true)) {
+        workQueue_->run([path = path_, pending = flushIsPending_] {
+            pending->store(false);
+            flushToDisk(path);
+        });
     }
 }
 

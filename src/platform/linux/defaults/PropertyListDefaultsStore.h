@@ -6,7 +6,9 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace brivandel {
@@ -18,9 +20,9 @@ class WorkQueue;
 /// one key and puts the new file in its place, under a lock: two programs at once lose no key, and whoever is
 /// interrupted leaves the old file or the new one. Reading is from memory.
 ///
-/// A file that cannot be read is kept under another name, which is said once in the log and to the user, and
-/// the settings start empty. A write that fails is logged; its value holds meanwhile, and goes into the file
-/// with the next write.
+/// A file that is no property list is kept under another name, which is said once in the log and to the user,
+/// and the settings start empty. A write that fails is logged; its value holds meanwhile, and goes into the
+/// file with the next write.
 class PropertyListDefaultsStore final : public DefaultsStore {
 public:
     /// Tells a person that something is wrong with the settings file.
@@ -49,6 +51,7 @@ private:
     Complaint complaint_;
     PropertyList list_;
     QVariantMap unwritten_; // invalid values stand for removed keys
+    std::shared_ptr<std::atomic<bool>> flushIsPending_ = std::make_shared<std::atomic<bool>>(false);
 };
 
 } // namespace brivandel

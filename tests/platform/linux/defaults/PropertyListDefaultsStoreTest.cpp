@@ -2,6 +2,7 @@
 
 #include "platform/DiagnosticLog.h"
 #include "platform/WorkQueue.h"
+#include "platform/linux/defaults/FileLock.h"
 #include "platform/linux/defaults/PropertyList.h"
 
 #include <QDir>
@@ -127,6 +128,31 @@ TEST_F(PropertyListDefaultsStoreTest, LinkedFile_StaysALink) {
     EXPECT_EQ(open()->object(wakeWord), QVariant(QStringLiteral("new")));
 }
 
+TEST_F(PropertyListDefaultsStoreTest, LinkToAFileThatIsNotThere_StaysALinkAndIsFilled) {
+    const QString target = folder_.filePath(QStringLiteral("not mounted.plist"));
+    QDir().mkpath(QFileInfo(path_).absolutePath());
+    ASSERT_TRUE(QFile::link(target, path_));
+    const auto store = open();
+    EXPECT_THAT(complaints_, IsEmpty());
+    store->set(wakeWord, QStringLiteral("hey"));
+    EXPECT_TRUE(QFileInfo(path_).isSymLink());
+    EXPECT_TRUE(QFile::exists(target));
+}
+
+TEST_F(PropertyListDefaultsStoreTest, LockHeldByAStoppedProgram_DelaysNoLongerThanItsPatience) {
+    const auto store = open();
+    store->set(minutes, qlonglong{5});
+    {
+        const FileLock held(path_ + QStringLiteral(".lock"));
+        store->set(wakeWord, QStringLiteral("hey"));
+        EXPECT_EQ(store->object(wakeWord), QVariant(QStringLiteral("hey")));
+        EXPECT_FALSE(stored().contains(wakeWord));
+        EXPECT_TRUE(log_.lines.join(u' ').contains(QStringLiteral("another program holds it")));
+    }
+    store->set(minutes, qlonglong{6});
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hey")}, {minutes, qlonglong{6}}}));
+}
+
 TEST_F(PropertyListDefaultsStoreTest, UnreadableFile_IsKeptAsideAndSaidOnce) {
     writeFile("garbage");
     const auto store = open();
@@ -176,7 +202,8 @@ TEST_F(PropertyListDefaultsStoreTest, FailedWrite_IsLoggedAndMadeGoodByTheNext) 
     store->set(wakeWord, QStringLiteral("hey"));
     EXPECT_EQ(
         log_.lines,
-        QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to")
+        QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to (Not a "
+                                        "directory)")
                         .arg(path_)));
     EXPECT_EQ(store->object(wakeWord), QVariant(QStringLiteral("hey")));
 
