@@ -1,4 +1,5 @@
 #include "e2e/ChildProcess.h"
+#include "e2e/FileChange.h"
 #include "e2e/Speech.h"
 #include "platform/linux/audio/ServerControl.h"
 #include "platform/linux/defaults/PropertyList.h"
@@ -14,6 +15,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto patience = 30s; // for any one thing to happen, on a machine that has other things to do
+
+// The aim for the time in which listening works again; a busy machine gets more before a test fails.
+constexpr auto recoveryAim = 3s;
+constexpr auto recoveryLimit = 10s;
 
 constexpr int spaceKeyCode = 49;
 constexpr int rKeyCode = 15;
@@ -65,6 +70,33 @@ protected:
         return key ? key->value("keyCode", -1) : -1;
     }
 
+    [[nodiscard]] QString logPath() const {
+        return folder_.filePath(QStringLiteral("Library/Logs/Brivandel/Brivandel.log"));
+    }
+
+    /// How long it takes from now until the program's log has another line with this text in it; none when it
+    /// does not come in time. The line's writing wakes this up.
+    [[nodiscard]] std::optional<std::chrono::milliseconds> timeUntilLogged(const QByteArray& text,
+                                                                           qsizetype linesBefore) const {
+        const auto start = std::chrono::steady_clock::now();
+        const FileChange change(logPath());
+        while (logged(text) <= linesBefore) {
+            if (!change.wait(start + patience)) {
+                return std::nullopt;
+            }
+        }
+        return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
+                                                                     start);
+    }
+
+    [[nodiscard]] qsizetype logged(const QByteArray& text) const {
+        QFile log(logPath());
+        return log.open(QIODevice::ReadOnly) ? log.readAll().count(text) : 0;
+    }
+
+    /// What is written when a session begins on an input that is there.
+    static constexpr const char* sessionLine = "Audio input set to device UID: usb";
+
     QTemporaryDir folder_;
     std::optional<ChildProcess> window_;
     std::optional<ChildProcess> program_;
@@ -90,6 +122,63 @@ TEST_F(LiveListeningTest, SixChannels_OnlyTheFirstIsHeard) {
     EXPECT_EQ(nextKeyCode(), rKeyCode);
     const auto second = program_->next("command", 3s);
     EXPECT_FALSE(second) << second->dump();
+    EXPECT_EQ(program_->interrupt(), 0);
+}
+
+TEST_F(LiveListeningTest, ChosenDeviceUnpluggedAndBack_ListensAgainAndNeverToAnother) {
+    const QString uid = QStringLiteral("usb");
+    const QString master = QStringLiteral("feed2.monitor");
+    const QString record = speak(QStringLiteral("hey logic record"), folder_.path());
+    const QString playback = speak(QStringLiteral("hey logic play"), folder_.path());
+    QString module = plugInMicrophone(uid, master);
+    chooseMicrophone(uid);
+    listen();
+    ASSERT_TRUE(commandAfter(record, QStringLiteral("feed2")));
+    EXPECT_EQ(nextKeyCode(), rKeyCode);
+
+    unplug(module);
+    play(playback, QStringLiteral("feed"));
+    const auto overheard = program_->next("heard", 3s);
+    EXPECT_FALSE(overheard) << overheard->dump();
+
+    const auto sessions = logged(sessionLine);
+    module = plugInMicrophone(uid, master);
+    const auto time = timeUntilLogged(sessionLine, sessions);
+    ASSERT_TRUE(time) << "it does not listen again";
+    std::cout << "listens again " << time->count()
+              << " ms after the device was back (aim: " << std::chrono::milliseconds(recoveryAim).count()
+              << " ms)\n";
+    EXPECT_LT(*time, recoveryLimit);
+    ASSERT_TRUE(commandAfter(playback, QStringLiteral("feed2")));
+    EXPECT_EQ(nextKeyCode(), spaceKeyCode);
+    EXPECT_EQ(program_->interrupt(), 0);
+    unplug(module);
+}
+
+TEST_F(LiveListeningTest, ServerKilledAndBack_ListensAgain) {
+    const QByteArray line = "Input format";
+    const QString record = speak(QStringLiteral("hey logic record"), folder_.path());
+    const QString playback = speak(QStringLiteral("hey logic play"), folder_.path());
+    listen();
+    ASSERT_TRUE(commandAfter(record, QStringLiteral("feed")));
+    EXPECT_EQ(nextKeyCode(), rKeyCode);
+
+    stopServer();
+    // The restart after the command has been made, and no sound comes.
+    const auto overheard = program_->next("heard", 3s);
+    EXPECT_FALSE(overheard) << overheard->dump();
+    const auto sessions = logged(line);
+    const auto start = std::chrono::steady_clock::now();
+    startServer();
+    const auto whileStarting = std::chrono::steady_clock::now() - start;
+    const auto time = timeUntilLogged(line, sessions);
+    ASSERT_TRUE(time) << "it does not listen again";
+    std::cout << "listens again " << time->count() << " ms after the server was ready, which took "
+              << std::chrono::duration_cast<std::chrono::milliseconds>(whileStarting).count()
+              << " ms (aim: " << std::chrono::milliseconds(recoveryAim).count() << " ms)\n";
+    EXPECT_LT(*time, recoveryLimit);
+    ASSERT_TRUE(commandAfter(playback, QStringLiteral("feed")));
+    EXPECT_EQ(nextKeyCode(), spaceKeyCode);
     EXPECT_EQ(program_->interrupt(), 0);
 }
 
