@@ -11,7 +11,7 @@ void DBusNotifier::deliver(const Notification& notification) {
     constexpr quint32 replacesNone = 0;
     constexpr qint32 expiresAsTheServiceLikes = -1;
     const QVariantMap hints{
-        // The name that the freedesktop sound naming specification gives a message that arrives.
+        // The name that the freedesktop sound names give a message that arrives.
         {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
         {QStringLiteral("desktop-entry"), QStringLiteral("brivandel")},
     };

@@ -22,7 +22,7 @@ std::optional<QString> notificationService(std::chrono::milliseconds patience) {
                                                             QStringLiteral("org.freedesktop.Notifications"),
                                                             QStringLiteral("GetServerInformation")),
                              patience);
-    // Name, vendor, version, version of the specification.
+    // Name, vendor, version, version of the protocol.
     if (!answer || answer->size() < 3) {
         return std::nullopt;
     }

@@ -29,7 +29,7 @@ SoundContext makeSoundContext() {
     return SoundContext(context);
 }
 
-/// "bell" is the alert sound's name in the freedesktop sound naming specification. It is kept by the server,
+/// "bell" is the alert sound's name among the freedesktop sound names. It is kept by the server,
 /// so that only the first one has to be sent there.
 bool playThemeBell(ca_context* context) {
     return context != nullptr &&
