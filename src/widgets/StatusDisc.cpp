@@ -1,0 +1,125 @@
+#include "widgets/StatusDisc.h"
+
+#include "widgets/Symbol.h"
+
+#include <QPainter>
+#include <QRadialGradient>
+
+#include <chrono>
+#include <cmath>
+
+namespace brivandel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int diameter = 60;
+constexpr int symbolSide = 28; // what a symbol of a 24-point font measures
+constexpr auto followingTime = 100ms;
+
+// The edge of a blurred disc: half as dense at its rim, gone at one blur radius outside it.
+void paintShadow(QPainter& painter, const QPointF& center, double discRadius, const DiscShadow& shadow,
+                 QColor color) {
+    const double reach = discRadius + shadow.radius;
+    QRadialGradient gradient(center, reach);
+    constexpr int steps = 8;
+    const double begin = std::max(0.0, (discRadius - shadow.radius) / reach);
+    for (int step = 0; step <= steps; ++step) {
+        const double place = static_cast<double>(step) / steps;
+        const double density = 0.5 + 0.5 * std::cos(place * std::acos(-1.0));
+        color.setAlphaF(static_cast<float>(shadow.opacity * density));
+        gradient.setColorAt(begin + (1 - begin) * place, color);
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gradient);
+    painter.drawEllipse(center, reach, reach);
+}
+
+} // namespace
+
+StatusDisc::StatusDisc(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    following_.setDuration(static_cast<int>(followingTime.count()));
+    following_.setEasingCurve(QEasingCurve::OutQuad);
+    connect(&following_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+        shownLevel_ = value.toDouble();
+        update();
+    });
+}
+
+void StatusDisc::setStatus(NamedColor color, const QString& symbol, const QString& description) {
+    if (accessibleName() != description) {
+        setAccessibleName(description);
+    }
+    if (color_ != color || symbol_ != symbol) {
+        color_ = color;
+        symbol_ = symbol;
+        update();
+    }
+}
+
+void StatusDisc::setIsLive(bool live) {
+    if (isLive_ != live) {
+        isLive_ = live;
+        update();
+    }
+}
+
+void StatusDisc::setLevel(double level) {
+    if (level_ == level) {
+        return;
+    }
+    level_ = level;
+    following_.stop();
+    if (isVisible()) {
+        following_.setStartValue(shownLevel_);
+        following_.setEndValue(level_);
+        following_.start();
+    } else {
+        shownLevel_ = level_;
+    }
+}
+
+double StatusDisc::scaleAt(double level) const {
+    return isLive_ ? 1 + level * 0.18 : 1;
+}
+
+DiscShadow StatusDisc::firstShadowAt(double level) const {
+    return isLive_ ? DiscShadow{level * 0.4 + 0.6, level * 10 + 4} : DiscShadow{0.2, 3};
+}
+
+DiscShadow StatusDisc::secondShadowAt(double level) const {
+    return isLive_ ? DiscShadow{level * 0.3 + 0.2, level * 14 + 8} : DiscShadow{0.05, 5};
+}
+
+QSize StatusDisc::sizeHint() const {
+    // The largest disc with its widest shadow: nothing is cut off, and nothing around it moves.
+    constexpr double largest = diameter * 1.18 + 2 * 22;
+    return {static_cast<int>(std::ceil(largest)), static_cast<int>(std::ceil(largest))};
+}
+
+void StatusDisc::hideEvent(QHideEvent* event) {
+    following_.stop();
+    shownLevel_ = level_;
+    QWidget::hideEvent(event);
+}
+
+void StatusDisc::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF center = QRectF(rect()).center();
+    const double size = scaleAt(shownLevel_);
+    const double radius = diameter * size / 2;
+    const QColor fill = fillColor(color_, appearanceOf(palette()));
+    paintShadow(painter, center, radius, secondShadowAt(shownLevel_), fill);
+    paintShadow(painter, center, radius, firstShadowAt(shownLevel_), fill);
+    painter.setBrush(fill);
+    painter.drawEllipse(center, radius, radius);
+
+    QRectF square(0, 0, symbolSide * size, symbolSide * size);
+    square.moveCenter(center);
+    paintSymbol(painter, symbol_, square, Qt::white);
+}
+
+} // namespace brivandel
