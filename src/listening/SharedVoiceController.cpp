@@ -21,14 +21,22 @@ std::unique_ptr<SharedVoiceController>& instance() {
     return shared;
 }
 
-} // namespace
-
-VoiceController& VoiceController::shared() {
+SharedVoiceController& sharedInstance() {
     if (!instance()) {
         instance() = std::make_unique<SharedVoiceController>();
         qAddPostRoutine([] { instance().reset(); });
     }
-    return instance()->controller;
+    return *instance();
+}
+
+} // namespace
+
+VoiceController& VoiceController::shared() {
+    return sharedInstance().controller;
+}
+
+Platform& VoiceController::sharedPlatform() {
+    return *sharedInstance().platform;
 }
 
 } // namespace brivandel

@@ -63,6 +63,8 @@ public:
     /// The controller of this process, on the system's own platform: made on first use, owned by the
     /// application object.
     [[nodiscard]] static VoiceController& shared();
+    /// What shared() stands on.
+    [[nodiscard]] static Platform& sharedPlatform();
 
     using Preparation = std::function<void(VoiceController&)>;
 

@@ -88,9 +88,7 @@ void Label::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(foregroundRole()));
     const QStringList shown = lines(width());
     QRect line(0, 0, width(), fontMetrics().lineSpacing());
-    if (shown.size() == 1) {
-        line.moveTop((height() - line.height()) / 2);
-    }
+    line.moveTop(qMax(0, (height() - heightOfLines(shown.size())) / 2));
     for (const QString& text : shown) {
         painter.drawText(line,
                          static_cast<int>(alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter |

@@ -1,0 +1,201 @@
+#include "app/AppDelegate.h"
+
+#include "app/AppWindow.h"
+#include "app/Popover.h"
+#include "app/StatusItem.h"
+#include "listening/VoiceController.h"
+#include "platform/Desktop.h"
+#include "platform/Platform.h"
+#include "views/QuickControlView.h"
+#include "views/WelcomeView.h"
+#include "widgets/Colors.h"
+#include "widgets/Theme.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include <chrono>
+
+namespace brivandel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int listeningTag = 1;
+constexpr QSize commandWindowSize(600, 500);
+constexpr QSize settingsWindowSize(500, 500);
+constexpr QSize welcomeWindowSize(520, 520);
+// A panel that is started together with this program takes a while to come.
+constexpr auto patienceForTheStatusArea = 5s;
+
+const auto launchedBeforeKey = QStringLiteral("hasLaunchedBefore");
+
+} // namespace
+
+AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
+                         std::optional<Appearance> forcedAppearance)
+    : platform_(platform)
+    , desktop_(desktop)
+    , voiceController_(voiceController)
+    , forcedAppearance_(forcedAppearance)
+    , desktopDefault_(appearanceOf(QApplication::palette())) {}
+
+AppDelegate::~AppDelegate() {
+    desktop_.appearance->onChange({});
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    desktop_.appearance->onChange([this] { followAppearance(); });
+    statusItem_ = std::make_unique<StatusItem>(*desktop_.statusArea);
+    followAppearance();
+    connect(&voiceController_, &VoiceController::isListeningChanged, this, [this] {
+        updateMenuIcon();
+        updateMenu();
+    });
+    makePopover();
+    setupMenu();
+
+    const bool hasLaunchedBefore = platform_.defaults->object(launchedBeforeKey).toBool();
+    showWelcomeWindow(); // at every launch
+    if (!hasLaunchedBefore) {
+        platform_.defaults->set(launchedBeforeKey, true);
+    }
+    statusAreaPatience_ =
+        platform_.mainQueue->startTimer(patienceForTheStatusArea, [this] { sayThatThereIsNoStatusArea(); });
+}
+
+void AppDelegate::handle(LaunchRequest request) {
+    switch (request) {
+    case LaunchRequest::None:
+    case LaunchRequest::Popover:
+        togglePopover();
+        break;
+    case LaunchRequest::Toggle:
+        toggleListening();
+        break;
+    case LaunchRequest::Settings:
+        openSettings();
+        break;
+    case LaunchRequest::Commands:
+        showCommands();
+        break;
+    case LaunchRequest::Quit:
+        Q_EMIT quitRequested();
+        break;
+    }
+}
+
+void AppDelegate::followAppearance() {
+    Appearance appearance = desktopDefault_;
+    switch (desktop_.appearance->preference()) {
+    case DesktopAppearance::Preference::Dark:
+        appearance = Appearance::Dark;
+        break;
+    case DesktopAppearance::Preference::Light:
+        appearance = Appearance::Light;
+        break;
+    case DesktopAppearance::Preference::None:
+        break;
+    }
+    applyTheme(*qApp, forcedAppearance_.value_or(appearance));
+    updateMenuIcon();
+}
+
+void AppDelegate::makePopover() {
+    popover_ = std::make_unique<Popover>(new QuickControlView(voiceController_), *desktop_.pointerPresses);
+    connect(statusItem_.get(), &StatusItem::menuWillOpen, popover_.get(), &Popover::keepOpen);
+}
+
+void AppDelegate::setupMenu() {
+    const auto add = [this](const QString& title, void (AppDelegate::*action)()) {
+        QAction* item = menu_.addAction(title);
+        connect(item, &QAction::triggered, this, action);
+        return item;
+    };
+    listeningItem_ = add(QStringLiteral("Enable Voice Control"), &AppDelegate::toggleListening);
+    listeningItem_->setData(listeningTag);
+    menu_.addSeparator();
+    add(QStringLiteral("Settings..."), &AppDelegate::openSettings)
+        ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    add(QStringLiteral("Command Reference"), &AppDelegate::showCommands);
+    add(QStringLiteral("Setup Instructions"), &AppDelegate::showSetup);
+    add(QStringLiteral("Show Status"), &AppDelegate::togglePopover);
+    menu_.addSeparator();
+    add(QStringLiteral("Quit Brivandel"), &AppDelegate::quitRequested)
+        ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    // A panel may show the menu without saying so, and then this comes too late: the title is also kept true
+    // when the state changes.
+    connect(statusItem_.get(), &StatusItem::menuWillOpen, this, &AppDelegate::updateMenu);
+    updateMenu();
+    statusItem_->setMenu(&menu_);
+}
+
+void AppDelegate::updateMenu() {
+    if (listeningItem_ != nullptr) {
+        listeningItem_->setText(voiceController_.isListening()
+                                    ? QStringLiteral("● Listening — Click to Disable")
+                                    : QStringLiteral("Enable Voice Control"));
+    }
+}
+
+void AppDelegate::updateMenuIcon() {
+    statusItem_->setIcon(voiceController_.isListening(), QApplication::palette().color(QPalette::WindowText));
+    updateToolTip();
+}
+
+void AppDelegate::updateToolTip() {
+    statusItem_->setToolTip(voiceController_.isListening() ? QStringLiteral("Brivandel is listening")
+                                                           : QStringLiteral("Brivandel is not listening"));
+}
+
+void AppDelegate::toggleListening() {
+    voiceController_.setIsListening(!voiceController_.isListening());
+    updateMenuIcon();
+    updateMenu();
+}
+
+QRect AppDelegate::popoverAnchor() const {
+    const QRect item = statusItem_->place();
+    return item.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : item;
+}
+
+void AppDelegate::togglePopover() {
+    if (popover_->isVisible()) {
+        popover_->close();
+        return;
+    }
+    popover_->setItemPlace(statusItem_->place());
+    popover_->showBeside(popoverAnchor());
+}
+
+void AppDelegate::openSettings() {}
+
+void AppDelegate::showCommands() {}
+
+void AppDelegate::showSetup() {
+    if (welcomeWindow_) {
+        welcomeWindow_->setView(new WelcomeView([this] { welcomeWindow_->close(); }));
+    }
+    showWelcomeWindow();
+}
+
+void AppDelegate::showWelcomeWindow() {
+    if (!welcomeWindow_) {
+        welcomeWindow_ = std::make_unique<AppWindow>(QStringLiteral("Welcome to Brivandel"),
+                                                     welcomeWindowSize, AppWindow::Resizing::Fixed,
+                                                     new WelcomeView([this] { welcomeWindow_->close(); }));
+    }
+    welcomeWindow_->present();
+}
+
+void AppDelegate::sayThatThereIsNoStatusArea() {
+    if (!desktop_.statusArea->isThere()) {
+        platform_.notifier->deliver(
+            {QStringLiteral("noStatusArea"), QStringLiteral("Brivandel is running"),
+             QStringLiteral(
+                 "This desktop has no place for its status item. Start Brivandel again to open its panel.")});
+    }
+}
+
+} // namespace brivandel

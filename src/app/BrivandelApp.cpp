@@ -1,0 +1,141 @@
+#include "app/BrivandelApp.h"
+
+#include "app/AppDelegate.h"
+#include "app/SingleInstance.h"
+#include "listening/VoiceController.h"
+#include "platform/Desktop.h"
+#include "platform/Platform.h"
+#include "widgets/Symbol.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+
+#include <array>
+#include <optional>
+#include <ostream>
+#include <utility>
+#include <variant>
+
+namespace brivandel {
+
+namespace {
+
+constexpr int success = 0;
+constexpr int failure = 1;
+constexpr int badUsage = 2;
+
+struct Options {
+    LaunchRequest request = LaunchRequest::None;
+    std::optional<Appearance> appearance;
+};
+
+const auto appearanceOption = QStringLiteral("appearance");
+
+// What was asked for, or in words what is wrong with it.
+std::variant<Options, QString> parse(const QStringList& arguments) {
+    QCommandLineParser parser;
+    constexpr std::array requests{LaunchRequest::Toggle, LaunchRequest::Popover, LaunchRequest::Settings,
+                                  LaunchRequest::Commands, LaunchRequest::Quit};
+    for (const auto request : requests) {
+        parser.addOption(QCommandLineOption(wordFor(request)));
+    }
+    parser.addOption(QCommandLineOption(appearanceOption, QString(), QStringLiteral("light or dark")));
+    if (!parser.parse(arguments)) {
+        return parser.errorText();
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        return QStringLiteral("'%1' is not understood").arg(parser.positionalArguments().constFirst());
+    }
+    Options options;
+    for (const auto request : requests) {
+        if (!parser.isSet(wordFor(request))) {
+            continue;
+        }
+        if (options.request != LaunchRequest::None) {
+            return QStringLiteral("--%1 and --%2 exclude each other")
+                .arg(wordFor(options.request), wordFor(request));
+        }
+        options.request = request;
+    }
+    if (parser.isSet(appearanceOption)) {
+        const QString value = parser.value(appearanceOption);
+        if (value != QStringLiteral("light") && value != QStringLiteral("dark")) {
+            return QStringLiteral("--appearance is light or dark, not '%1'").arg(value);
+        }
+        options.appearance = value == QStringLiteral("dark") ? Appearance::Dark : Appearance::Light;
+    }
+    return options;
+}
+
+} // namespace
+
+bool isAppRequest(int argumentCount, const char* const* arguments) {
+    if (argumentCount < 2) {
+        return true;
+    }
+    const auto first = QString::fromLocal8Bit(arguments[1]);
+    if (!first.startsWith(QStringLiteral("--"))) {
+        return false;
+    }
+    const QString name = first.mid(2).section(u'=', 0, 0);
+    return name == appearanceOption || (name != QStringLiteral("none") && launchRequestFor(name));
+}
+
+int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) {
+    const auto complain = [&errors](const QString& what) {
+        errors << "brivandel: " << what.toStdString() << '\n';
+    };
+    QStringList words;
+    for (int index = 0; index < argumentCount; ++index) {
+        words += QString::fromLocal8Bit(arguments[index]);
+    }
+    const auto parsed = parse(words);
+    if (const auto* problem = std::get_if<QString>(&parsed)) {
+        complain(*problem);
+        return badUsage;
+    }
+    const auto& options = std::get<Options>(parsed);
+    if (const auto problem = desktopProblem()) {
+        complain(*problem);
+        return failure;
+    }
+
+    QApplication application(argumentCount, arguments);
+    QApplication::setApplicationName(QStringLiteral("brivandel"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Brivandel"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("brivandel"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(resourceImage(QStringLiteral("logo-square"), 128, 1)));
+
+    SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    if (options.request == LaunchRequest::Quit && !instance.otherIsRunning()) {
+        complain(QStringLiteral("it is not running"));
+        return success;
+    }
+    switch (instance.begin(options.request)) {
+    case SingleInstance::Role::First:
+        break;
+    case SingleInstance::Role::HandedOn:
+        return success;
+    case SingleInstance::Role::Mute:
+        complain(instance.problem());
+        return failure;
+    }
+    if (!instance.problem().isEmpty()) {
+        complain(instance.problem());
+    }
+
+    const auto desktop = makeDesktop();
+    AppDelegate delegate(VoiceController::sharedPlatform(), *desktop, VoiceController::shared(),
+                         options.appearance);
+    QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QCoreApplication::quit);
+    QObject::connect(&instance, &SingleInstance::requested, &delegate, &AppDelegate::handle);
+    delegate.applicationDidFinishLaunching();
+    if (options.request != LaunchRequest::None) {
+        delegate.handle(options.request);
+    }
+    return QApplication::exec();
+}
+
+} // namespace brivandel

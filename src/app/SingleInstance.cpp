@@ -1,0 +1,106 @@
+#include "app/SingleInstance.h"
+
+#include <QLocalSocket>
+
+#include <chrono>
+
+namespace brivandel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Another program that starts or ends at the same moment holds the lock while its socket is not there.
+constexpr int attempts = 10;
+constexpr auto lockPatience = 300ms;
+constexpr auto answerPatience = 2s;
+constexpr qint64 longestRequest = 64;
+
+const QByteArray accepted = QByteArrayLiteral("ok\n");
+
+int milliseconds(std::chrono::milliseconds duration) {
+    return static_cast<int>(duration.count());
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString& folder)
+    : socketPath_(folder + QStringLiteral("/brivandel.socket"))
+    , lock_(folder + QStringLiteral("/brivandel.lock")) {
+    lock_.setStaleLockTime(0); // a lock is stale when its process is gone, however old it is
+    connect(&server_, &QLocalServer::newConnection, this, &SingleInstance::serve);
+}
+
+SingleInstance::Role SingleInstance::begin(LaunchRequest request) {
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (lock_.tryLock(attempt == 0 ? 0 : milliseconds(lockPatience))) {
+            QLocalServer::removeServer(socketPath_); // what a program that was killed left behind
+            server_.setSocketOptions(QLocalServer::UserAccessOption);
+            if (!server_.listen(socketPath_)) {
+                problem_ = QStringLiteral("other starts cannot reach this program: %1: %2")
+                               .arg(socketPath_, server_.errorString());
+            }
+            return Role::First;
+        }
+        if (lock_.error() != QLockFile::LockFailedError) {
+            problem_ = QStringLiteral("the lock file beside %1 cannot be written").arg(socketPath_);
+            return Role::Mute;
+        }
+        if (handOver(request)) {
+            return Role::HandedOn;
+        }
+    }
+    problem_ = QStringLiteral("Brivandel seems to be running, but it does not answer at %1").arg(socketPath_);
+    return Role::Mute;
+}
+
+bool SingleInstance::otherIsRunning() const {
+    if (lock_.isLocked()) {
+        return false;
+    }
+    if (lock_.tryLock(0)) {
+        lock_.unlock();
+        return false;
+    }
+    return true;
+}
+
+bool SingleInstance::handOver(LaunchRequest request) {
+    QLocalSocket socket;
+    socket.connectToServer(socketPath_);
+    if (!socket.waitForConnected(milliseconds(answerPatience))) {
+        return false;
+    }
+    socket.write(wordFor(request).toUtf8() + '\n');
+    while (!socket.canReadLine()) {
+        if (!socket.waitForReadyRead(milliseconds(answerPatience))) {
+            return false;
+        }
+    }
+    return socket.readLine() == accepted;
+}
+
+void SingleInstance::serve() {
+    while (auto* socket = server_.nextPendingConnection()) {
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+            if (!socket->canReadLine()) {
+                if (socket->bytesAvailable() > longestRequest) {
+                    socket->abort();
+                }
+                return;
+            }
+            const auto request =
+                launchRequestFor(QString::fromUtf8(socket->readLine(longestRequest).trimmed()));
+            if (!request) {
+                socket->abort();
+                return;
+            }
+            socket->write(accepted);
+            socket->disconnectFromServer();
+            Q_EMIT requested(*request);
+        });
+    }
+}
+
+} // namespace brivandel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <QObject>
+
+#include <memory>
+
+class QDBusServiceWatcher;
+
+namespace brivandel {
+
+class X11Events;
+
+/// The two kinds of tray that there are: panels that have registered on the session bus
+/// (org.kde.StatusNotifierWatcher) and trays of the older kind on the X display.
+class StatusItemHosts final : public QObject, public StatusArea {
+    Q_OBJECT
+public:
+    explicit StatusItemHosts(std::shared_ptr<X11Events> display);
+    ~StatusItemHosts() override;
+
+    [[nodiscard]] bool isThere() const override;
+    void onChange(std::function<void()> changed) override;
+    [[nodiscard]] bool hasSquareIcons() const override { return true; }
+
+private:
+    void tell();
+
+    std::shared_ptr<X11Events> display_;
+    QDBusServiceWatcher* watcher_;
+    bool hasPanel_ = false;
+    std::function<void()> changed_;
+};
+
+} // namespace brivandel
