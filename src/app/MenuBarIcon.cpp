@@ -42,6 +42,34 @@ void paintLetters(QPainter& painter, const QRectF& rect, const QColor& ink) {
     painter.drawText(rect.center() - drawn.center(), lettersText);
 }
 
+// The letters above the microphone, or alone where there is no room for both.
+void paintLettersAndMicrophone(QPainter& painter, const QRectF& rect, const QColor& ink) {
+    constexpr double smallestForBoth = 18;
+    if (rect.height() < smallestForBoth) {
+        paintLetters(painter, rect, ink);
+        return;
+    }
+    const double lettersHeight = rect.height() * 0.42;
+    const double gap = rect.height() * 0.06;
+    paintLetters(painter, QRectF(rect.left(), rect.top(), rect.width(), lettersHeight), ink);
+    paintSymbol(painter, microphone, rect.adjusted(0, lettersHeight + gap, 0, 0), ink);
+}
+
+// A panel's colour is not known, and it tints nothing: an edge of the opposite colour keeps the drawing
+// legible on any.
+void paintHalo(QPainter& painter, const QPixmap& drawing, double width, const QColor& color) {
+    QPixmap shadow = drawing;
+    QPainter tint(&shadow);
+    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tint.fillRect(shadow.rect(), color);
+    tint.end();
+    for (const double right : {-width, 0.0, width}) {
+        for (const double down : {-width, 0.0, width}) {
+            painter.drawPixmap(QPointF(right, down), shadow);
+        }
+    }
+}
+
 } // namespace
 
 QPixmap makeMenuBarIcon(bool listening, const QColor& letters, double devicePixelRatio) {
@@ -65,29 +93,24 @@ QPixmap makeMenuBarIcon(bool listening, const QColor& letters, double devicePixe
 }
 
 QPixmap makeSquareIcon(bool listening, const QColor& letters, int side) {
-    constexpr int smallestForBoth = 22;
     QPixmap pixmap = canvas(QSize(side, side), 1);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF whole(0, 0, side, side);
-    const QColor ink = listening ? QColor(Qt::white) : letters;
-    double inset = 0;
     if (listening) {
         paintPlate(painter, whole, side * 0.18);
-        inset = side * 0.08;
-    }
-    const QRectF inner = whole.adjusted(inset, inset, -inset, -inset);
-    if (side < smallestForBoth) {
-        paintLetters(painter, inner, ink);
+        const double inset = side * 0.08;
+        paintLettersAndMicrophone(painter, whole.adjusted(inset, inset, -inset, -inset), Qt::white);
         return pixmap;
     }
-    const double lettersHeight = inner.height() * 0.42;
-    const double gap = side * 0.05;
-    paintLetters(painter, QRectF(inner.left(), inner.top(), inner.width(), lettersHeight), ink);
-    paintSymbol(painter, microphone,
-                QRectF(inner.left(), inner.top() + lettersHeight + gap, inner.width(),
-                       inner.height() - lettersHeight - gap),
-                ink);
+    const double edge = std::max(1.0, side / 22.0);
+    QPixmap glyphs = canvas(pixmap.size(), 1);
+    QPainter glyphPainter(&glyphs);
+    glyphPainter.setRenderHint(QPainter::Antialiasing);
+    paintLettersAndMicrophone(glyphPainter, whole.adjusted(edge, edge, -edge, -edge), letters);
+    glyphPainter.end();
+    paintHalo(painter, glyphs, edge, letters.lightness() < 128 ? Qt::white : Qt::black);
+    painter.drawPixmap(0, 0, glyphs);
     return pixmap;
 }
 

@@ -10,8 +10,9 @@ namespace brivandel {
 /// green plate in white while listening. letters: the colour while not listening (a menu bar tints black).
 [[nodiscard]] QPixmap makeMenuBarIcon(bool listening, const QColor& letters, double devicePixelRatio);
 
-/// The same picture for panels that show square icons: the letters above the microphone, and the letters
-/// alone where there is no room for both. side is in pixels.
+/// The same picture for panels that show square icons: the letters above the microphone, or the letters alone
+/// where there is no room for both. While not listening it has an edge that keeps it legible on any panel.
+/// side is in pixels.
 [[nodiscard]] QPixmap makeSquareIcon(bool listening, const QColor& letters, int side);
 
 /// In the sizes that panels ask for.
