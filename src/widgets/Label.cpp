@@ -44,6 +44,9 @@ QStringList Label::lines(int width) const {
         return {fontMetrics().elidedText(text(), Qt::ElideRight, width)};
     }
     QTextLayout layout(text(), font());
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(wrapping);
     QStringList lines;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
