@@ -103,11 +103,13 @@ void AppDelegate::followAppearance() {
 }
 
 void AppDelegate::makePopover() {
-    popover_ = std::make_unique<Popover>(new QuickControlView(voiceController_), *desktop_.pointerPresses);
+    popover_ = std::make_unique<Popover>(new QuickControlView(voiceController_), *desktop_.pointerPresses,
+                                         *platform_.mainQueue);
     connect(statusItem_.get(), &StatusItem::menuWillOpen, popover_.get(), &Popover::keepOpen);
 }
 
 void AppDelegate::setupMenu() {
+    menu_.setObjectName(QStringLiteral("menu"));
     const auto add = [this](const QString& title, void (AppDelegate::*action)()) {
         QAction* item = menu_.addAction(title);
         connect(item, &QAction::triggered, this, action);

@@ -26,9 +26,10 @@ constexpr auto patienceForTheItem = 200ms;
 
 } // namespace
 
-Popover::Popover(QWidget* content, PointerPresses& presses)
+Popover::Popover(QWidget* content, PointerPresses& presses, MainQueue& mainQueue)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , presses_(presses) {
+    , presses_(presses)
+    , mainQueue_(mainQueue) {
     setObjectName(QStringLiteral("popover"));
     setWindowTitle(QStringLiteral("Brivandel"));
     setFocusPolicy(Qt::StrongFocus); // the keyboard comes here first, and no control looks chosen
@@ -36,9 +37,6 @@ Popover::Popover(QWidget* content, PointerPresses& presses)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(content);
-    closing_.setSingleShot(true);
-    closing_.setInterval(patienceForTheItem);
-    connect(&closing_, &QTimer::timeout, this, &QWidget::close);
 }
 
 Popover::~Popover() {
@@ -60,7 +58,7 @@ void Popover::setItemPlace(const QRect& place) {
 }
 
 void Popover::keepOpen() {
-    closing_.stop();
+    closing_.reset();
 }
 
 void Popover::place() {
@@ -87,7 +85,7 @@ void Popover::pressed(QPoint physicalPlace) {
         return;
     }
     if (itemPlace_.isEmpty()) {
-        closing_.start();
+        closing_ = mainQueue_.startTimer(patienceForTheItem, [this] { close(); });
     } else {
         close();
     }
@@ -140,7 +138,7 @@ void Popover::showEvent(QShowEvent* event) {
 
 void Popover::hideEvent(QHideEvent* event) {
     presses_.watch({});
-    closing_.stop();
+    closing_.reset();
     QWidget::hideEvent(event);
 }
 

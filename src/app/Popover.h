@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/MainQueue.h"
 
 #include <QRect>
-#include <QTimer>
 #include <QWidget>
+
+#include <memory>
 
 namespace brivandel {
 
@@ -13,8 +15,8 @@ namespace brivandel {
 class Popover final : public QWidget {
     Q_OBJECT
 public:
-    /// Shows the content, which becomes its own. The presses must outlive it.
-    Popover(QWidget* content, PointerPresses& presses);
+    /// Shows the content, which becomes its own. The presses and the queue must outlive it.
+    Popover(QWidget* content, PointerPresses& presses, MainQueue& mainQueue);
     ~Popover() override;
 
     /// Beside the anchor, in global coordinates: below it where there is room, else above; on the screen.
@@ -39,9 +41,10 @@ private:
     void place();
 
     PointerPresses& presses_;
+    MainQueue& mainQueue_;
     QRect anchor_;
     QRect itemPlace_;
-    QTimer closing_;
+    std::unique_ptr<Timer> closing_;
 };
 
 } // namespace brivandel

@@ -1,0 +1,205 @@
+#include "app/AppDelegate.h"
+
+#include "app/AppWindow.h"
+#include "app/Popover.h"
+#include "platform/scripted/ScriptedDesktop.h"
+#include "support/ScriptedListening.h"
+#include "views/WelcomeView.h"
+#include "widgets/Button.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace brivandel {
+namespace {
+
+using namespace std::chrono_literals;
+
+const auto launchedBefore = QStringLiteral("hasLaunchedBefore");
+
+template <typename Widget>
+QList<Widget*> topLevel(const QString& nameOrTitle) {
+    QList<Widget*> found;
+    for (auto* widget : QApplication::topLevelWidgets()) {
+        auto* wanted = qobject_cast<Widget*>(widget);
+        if (wanted != nullptr &&
+            (widget->objectName() == nameOrTitle || widget->windowTitle() == nameOrTitle)) {
+            found += wanted;
+        }
+    }
+    return found;
+}
+
+class AppDelegateTest : public testing::Test {
+protected:
+    void launch() { delegate.applicationDidFinishLaunching(); }
+
+    static QMenu& menu() { return *topLevel<QMenu>(QStringLiteral("menu")).constFirst(); }
+    static QAction& item(int index) { return *menu().actions().at(index); }
+    static AppWindow* window(const char* title) {
+        const auto found = topLevel<AppWindow>(QString::fromLatin1(title));
+        EXPECT_LE(found.size(), 1) << "there are two of them";
+        return found.isEmpty() ? nullptr : found.constFirst();
+    }
+    static AppWindow* welcomeWindow() { return window("Welcome to Brivandel"); }
+    static WelcomeView& welcomeView() { return *welcomeWindow()->findChild<WelcomeView*>(); }
+    static Popover& popover() { return *topLevel<Popover>(QStringLiteral("popover")).constFirst(); }
+    static void press(const QWidget& parent, const char* button) {
+        QTest::mouseClick(parent.findChild<Button*>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+
+    ScriptedListening listening;
+    ScriptedDesktop scripted = makeScriptedDesktop();
+    AppDelegate delegate{*listening.scripted.platform, *scripted.desktop, listening.controller};
+};
+
+TEST_F(AppDelegateTest, FirstLaunch_ShowsTheWalkthroughAndRemembers) {
+    ASSERT_FALSE(listening.scripted.defaults.object(launchedBefore).isValid());
+    launch();
+    ASSERT_NE(welcomeWindow(), nullptr);
+    EXPECT_TRUE(welcomeWindow()->isVisible());
+    EXPECT_EQ(welcomeWindow()->size(), QSize(520, 520));
+    EXPECT_EQ(listening.scripted.defaults.object(launchedBefore), QVariant(true));
+    EXPECT_FALSE(listening.controller.isListening());
+}
+
+TEST_F(AppDelegateTest, LaterLaunch_ShowsTheWalkthroughAndStoresNothing) {
+    listening.scripted.defaults.set(launchedBefore, true);
+    listening.events.clear();
+    launch();
+    EXPECT_TRUE(welcomeWindow()->isVisible());
+    EXPECT_TRUE(listening.events.empty());
+}
+
+TEST_F(AppDelegateTest, Menu_HasItsItemsInOrder) {
+    launch();
+    QStringList titles;
+    for (const auto* action : menu().actions()) {
+        titles += action->isSeparator() ? QStringLiteral("-") : action->text();
+    }
+    EXPECT_EQ(titles, (QStringList{QStringLiteral("Enable Voice Control"), QStringLiteral("-"),
+                                   QStringLiteral("Settings..."), QStringLiteral("Command Reference"),
+                                   QStringLiteral("Setup Instructions"), QStringLiteral("Show Status"),
+                                   QStringLiteral("-"), QStringLiteral("Quit Brivandel")}));
+    EXPECT_EQ(item(2).shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    EXPECT_EQ(item(7).shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    EXPECT_EQ(item(0).data().toInt(), 1);
+}
+
+TEST_F(AppDelegateTest, ListeningItem_SwitchesAndSaysWhichWay) {
+    launch();
+    item(0).trigger();
+    EXPECT_TRUE(listening.controller.isListening());
+    EXPECT_EQ(item(0).text(), QStringLiteral("● Listening — Click to Disable"));
+    item(0).trigger();
+    EXPECT_FALSE(listening.controller.isListening());
+    EXPECT_EQ(item(0).text(), QStringLiteral("Enable Voice Control"));
+}
+
+TEST_F(AppDelegateTest, ListeningSwitchedElsewhere_IsFollowedByTheItem) {
+    launch();
+    listening.controller.setIsListening(true);
+    EXPECT_EQ(item(0).text(), QStringLiteral("● Listening — Click to Disable"));
+    listening.controller.setIsListening(false);
+    EXPECT_EQ(item(0).text(), QStringLiteral("Enable Voice Control"));
+}
+
+TEST_F(AppDelegateTest, GetStarted_ClosesTheWalkthroughWhichStaysWhereItWas) {
+    launch();
+    press(welcomeView(), "Next");
+    press(welcomeView(), "Next");
+    auto* view = &welcomeView();
+    press(*view, "Get Started");
+    EXPECT_FALSE(welcomeWindow()->isVisible());
+    EXPECT_EQ(&welcomeView(), view);
+    EXPECT_EQ(view->page(), 2);
+}
+
+TEST_F(AppDelegateTest, SetupInstructions_BeginAtTheFirstPage) {
+    launch();
+    press(welcomeView(), "Next");
+    press(welcomeView(), "Next");
+    press(welcomeView(), "Get Started");
+    item(4).trigger();
+    EXPECT_TRUE(welcomeWindow()->isVisible());
+    EXPECT_EQ(welcomeView().page(), 0);
+    EXPECT_EQ(welcomeWindow()->findChildren<WelcomeView*>().size(), 1);
+}
+
+TEST_F(AppDelegateTest, WindowThatWasMoved_IsCentredAgainWhenAskedFor) {
+    launch();
+    welcomeWindow()->move(3, 5);
+    item(4).trigger();
+    const QPoint middle = QApplication::primaryScreen()->availableGeometry().center();
+    EXPECT_NEAR(welcomeWindow()->frameGeometry().center().x(), middle.x(), 1);
+    EXPECT_NEAR(welcomeWindow()->frameGeometry().center().y(), middle.y(), 1);
+}
+
+TEST_F(AppDelegateTest, ShowStatus_OpensAndClosesThePopover) {
+    launch();
+    EXPECT_FALSE(popover().isVisible());
+    item(5).trigger();
+    EXPECT_TRUE(popover().isVisible());
+    item(5).trigger();
+    EXPECT_FALSE(popover().isVisible());
+}
+
+TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {
+    launch();
+    const QSignalSpy quits(&delegate, &AppDelegate::quitRequested);
+    delegate.handle(LaunchRequest::Toggle);
+    EXPECT_TRUE(listening.controller.isListening());
+    delegate.handle(LaunchRequest::None);
+    EXPECT_TRUE(popover().isVisible());
+    delegate.handle(LaunchRequest::Popover);
+    EXPECT_FALSE(popover().isVisible());
+    delegate.handle(LaunchRequest::Quit);
+    EXPECT_EQ(quits.size(), 1);
+}
+
+TEST_F(AppDelegateTest, Quit_IsAskedForByTheLastItem) {
+    launch();
+    const QSignalSpy quits(&delegate, &AppDelegate::quitRequested);
+    item(7).trigger();
+    EXPECT_EQ(quits.size(), 1);
+}
+
+TEST_F(AppDelegateTest, DesktopsAppearance_IsFollowedWhileRunning) {
+    launch();
+    scripted.appearance.setPreference(DesktopAppearance::Preference::Dark);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(appearanceOf(welcomeWindow()->palette()), Appearance::Dark);
+    scripted.appearance.setPreference(DesktopAppearance::Preference::Light);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(appearanceOf(welcomeWindow()->palette()), Appearance::Light);
+}
+
+TEST_F(AppDelegateTest, DesktopWithoutStatusArea_IsSaidOnceAfterAWhile) {
+    scripted.statusArea.setIsThere(false);
+    launch();
+    listening.events.clear();
+    listening.scripted.mainQueue.advance(4999ms);
+    EXPECT_TRUE(listening.events.empty());
+    listening.scripted.mainQueue.advance(60s);
+    ASSERT_EQ(listening.events.size(), 1);
+    EXPECT_NE(listening.events[0].find("Start Brivandel again to open its panel."), std::string::npos)
+        << listening.events[0];
+}
+
+TEST_F(AppDelegateTest, StatusAreaThatComesInTime_IsNotComplainedAbout) {
+    scripted.statusArea.setIsThere(false);
+    launch();
+    listening.events.clear();
+    scripted.statusArea.setIsThere(true);
+    listening.scripted.mainQueue.advance(60s);
+    EXPECT_TRUE(listening.events.empty());
+}
+
+} // namespace
+} // namespace brivandel
