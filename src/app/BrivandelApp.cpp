@@ -109,10 +109,6 @@ int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) 
     QApplication::setWindowIcon(QIcon(resourceImage(QStringLiteral("logo-square"), 128, 1)));
 
     SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
-    if (options.request == LaunchRequest::Quit && !instance.otherIsRunning()) {
-        complain(QStringLiteral("it is not running"));
-        return success;
-    }
     switch (instance.begin(options.request)) {
     case SingleInstance::Role::First:
         break;
@@ -121,6 +117,10 @@ int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) 
     case SingleInstance::Role::Mute:
         complain(instance.problem());
         return failure;
+    }
+    if (options.request == LaunchRequest::Quit) {
+        complain(QStringLiteral("it is not running"));
+        return success;
     }
     if (!instance.problem().isEmpty()) {
         complain(instance.problem());

@@ -54,17 +54,6 @@ SingleInstance::Role SingleInstance::begin(LaunchRequest request) {
     return Role::Mute;
 }
 
-bool SingleInstance::otherIsRunning() const {
-    if (lock_.isLocked()) {
-        return false;
-    }
-    if (lock_.tryLock(0)) {
-        lock_.unlock();
-        return false;
-    }
-    return true;
-}
-
 bool SingleInstance::handOver(LaunchRequest request) {
     QLocalSocket socket;
     socket.connectToServer(socketPath_);
@@ -97,6 +86,7 @@ void SingleInstance::serve() {
                 return;
             }
             socket->write(accepted);
+            socket->flush(); // the request may be the last one
             socket->disconnectFromServer();
             Q_EMIT requested(*request);
         });

@@ -28,9 +28,6 @@ public:
     [[nodiscard]] Role begin(LaunchRequest request);
     [[nodiscard]] const QString& problem() const { return problem_; }
 
-    /// Whether a program runs now that a request could go to.
-    [[nodiscard]] bool otherIsRunning() const;
-
 Q_SIGNALS:
     void requested(brivandel::LaunchRequest request);
 
@@ -39,7 +36,7 @@ private:
     void serve();
 
     QString socketPath_;
-    mutable QLockFile lock_;
+    QLockFile lock_;
     QLocalServer server_;
     QString problem_;
 };
