@@ -86,8 +86,6 @@ private:
 class InlineTask final : public SpeechRecognitionTask {
 public:
     explicit InlineTask(std::shared_ptr<InlineRequest> request) : request_(std::move(request)) {}
-    ~InlineTask() override { request_->cancel(); }
-    Q_DISABLE_COPY_MOVE(InlineTask)
 
     void finish() override { request_->endAudio(); }
     void cancel() override { request_->cancel(); }

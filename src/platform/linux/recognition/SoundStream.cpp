@@ -27,7 +27,16 @@ void SoundStream::append(const AudioBuffer& buffer) {
 }
 
 void SoundStream::end() {
-    ended_.store(true, std::memory_order_release);
+    close(State::Ended);
+}
+
+void SoundStream::abandon() {
+    close(State::Abandoned);
+}
+
+void SoundStream::close(State state) {
+    State open = State::Open;
+    state_.compare_exchange_strong(open, state, std::memory_order_acq_rel);
     wakeUp_->wake();
 }
 
