@@ -124,9 +124,9 @@ private:
 
 } // namespace
 
-InlineSpeechRecognition::InlineSpeechRecognition(const ModelFiles& files)
-    : files_(files)
-    , pool_(std::make_shared<DecoderPool>(files)) {}
+InlineSpeechRecognition::InlineSpeechRecognition(ModelFiles files)
+    : files_(std::move(files))
+    , pool_(std::make_shared<DecoderPool>(files_)) {}
 
 InlineSpeechRecognition::~InlineSpeechRecognition() = default;
 

@@ -76,8 +76,8 @@ private:
 
 } // namespace
 
-OfflineSpeechRecognition::OfflineSpeechRecognition(const ModelFiles& files, RecognizerThread::Clock clock)
-    : files_(files)
+OfflineSpeechRecognition::OfflineSpeechRecognition(ModelFiles files, RecognizerThread::Clock clock)
+    : files_(std::move(files))
     , clock_(std::move(clock)) {}
 
 RecognizerThread& OfflineSpeechRecognition::thread() {

@@ -5,7 +5,7 @@
 
 namespace brivandel {
 
-SoundStream::SoundStream(std::shared_ptr<WakeUp> wakeUp) : wakeUp_(std::move(wakeUp)), ring_(capacity) {}
+SoundStream::SoundStream(std::shared_ptr<WakeUp> wakeUp) : ring_(capacity), wakeUp_(std::move(wakeUp)) {}
 
 void SoundStream::append(const AudioBuffer& buffer) {
     const MonoView mono(buffer);

@@ -52,8 +52,8 @@ private:
 
     void close(State state);
 
-    std::shared_ptr<WakeUp> wakeUp_;
     SampleRing ring_;
+    std::shared_ptr<WakeUp> wakeUp_;
     // Written by the audio thread alone, once each.
     std::atomic<double> sampleRateHz_ = 0;
     std::atomic<double> otherSampleRateHz_ = 0;
