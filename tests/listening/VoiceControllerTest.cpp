@@ -34,5 +34,18 @@ TEST_F(VoiceControllerTest, RestartedInTheTurnOfItsStart_HasNoSessionTimerWhileI
     EXPECT_EQ(watched_.holdings().sessionTimers, 1);
 }
 
+TEST(VoiceControllerLaunch, ForeignObjectsUnderTheSeededKeys_AreFalseAndStay) {
+    const QVariant foreign = QVariant::fromValue(ForeignObject());
+    const QVariantMap stored = {{QStringLiteral("useWakeWord"), foreign},
+                                {QStringLiteral("audioFeedback"), foreign},
+                                {QStringLiteral("wakeWord"), foreign}};
+    WatchedPlatform watched({}, stored);
+    const VoiceController controller(watched.platform());
+    EXPECT_FALSE(controller.useWakeWord());
+    EXPECT_FALSE(controller.audioFeedbackEnabled());
+    EXPECT_EQ(controller.wakeWord(), QStringLiteral("hey logic"));
+    EXPECT_EQ(watched.scripted().defaults.objects(), stored);
+}
+
 } // namespace
 } // namespace brivandel
