@@ -78,11 +78,7 @@ QString appleScriptForKey(std::int64_t keyCode, std::int64_t modifierFlagsRaw) {
         modifiers += QStringLiteral("control down");
     }
 
-    QString action = QStringLiteral("key code ") + QString::number(keyCode);
-    if (!modifiers.isEmpty()) {
-        action += QStringLiteral(" using {") + modifiers.join(QStringLiteral(", ")) + u'}';
-    }
-    return keystrokeScript(action);
+    return keystrokeScript(keyCodeAction(keyCode, modifiers));
 }
 
 CapturedKey captureKey(std::int64_t keyCode, std::int64_t modifierFlagsRaw, const KeyboardLayout& layout) {

@@ -15,14 +15,6 @@ struct CatalogueEntry {
     QString action;       // the line that the keystroke script carries out
 };
 
-QString logicKeyCode(int keyCode, const QString& modifiers = {}) {
-    QString action = QStringLiteral("key code ") + QString::number(keyCode);
-    if (!modifiers.isEmpty()) {
-        action += QStringLiteral(" using {") + modifiers + u'}';
-    }
-    return action;
-}
-
 // Characters are typed, so they follow the keyboard layout as the workstation's letter commands do; the
 // transport goes by key code, so it does not. Several commands share one key: to Logic Pro, play and stop are
 // both the space bar. Virtual key codes: 36 Return, 41 semicolon of the ANSI layout, 49 space bar, 124 right
@@ -37,21 +29,21 @@ const std::array<CatalogueEntry, voiceCommandCount>& catalogue() {
         {recording,
          QStringLiteral("Stop current recording"),
          {QStringLiteral("stop recording")},
-         logicKeyCode(49)},
+         keyCodeAction(49)},
         {transport,
          QStringLiteral("Start playback from current position"),
          {QStringLiteral("play")},
-         logicKeyCode(49)},
-        {transport, QStringLiteral("Stop playback/recording"), {QStringLiteral("stop")}, logicKeyCode(49)},
-        {transport, QStringLiteral("Pause playback"), {QStringLiteral("pause")}, logicKeyCode(49)},
+         keyCodeAction(49)},
+        {transport, QStringLiteral("Stop playback/recording"), {QStringLiteral("stop")}, keyCodeAction(49)},
+        {transport, QStringLiteral("Pause playback"), {QStringLiteral("pause")}, keyCodeAction(49)},
         {transport,
          QStringLiteral("Return to project start"),
          {QStringLiteral("go to start"), QStringLiteral("go to beginning"), QStringLiteral("rewind")},
-         logicKeyCode(36)},
+         keyCodeAction(36)},
         {transport,
          QStringLiteral("Skip forward"),
          {QStringLiteral("fast forward"), QStringLiteral("skip ahead")},
-         logicKeyCode(124)},
+         keyCodeAction(124)},
         {editing,
          QStringLiteral("Undo last recording (use immediately after recording)"),
          {QStringLiteral("delete last take"), QStringLiteral("delete take"), QStringLiteral("delete that")},
@@ -87,12 +79,12 @@ const std::array<CatalogueEntry, voiceCommandCount>& catalogue() {
         {recording,
          QStringLiteral("Enable count-in before recording"),
          {QStringLiteral("count me in"), QStringLiteral("count in")},
-         logicKeyCode(41, QStringLiteral("shift down"))},
+         keyCodeAction(41, {QStringLiteral("shift down")})},
         {transport,
          QStringLiteral("Play from beginning"),
          {QStringLiteral("play that back"), QStringLiteral("play it back"), QStringLiteral("playback")},
-         logicKeyCode(49)},
-        {transport, QStringLiteral("Stop playback"), {QStringLiteral("stop playback")}, logicKeyCode(49)},
+         keyCodeAction(49)},
+        {transport, QStringLiteral("Stop playback"), {QStringLiteral("stop playback")}, keyCodeAction(49)},
         {metronome,
          QStringLiteral("Enable metronome"),
          {QStringLiteral("click on"), QStringLiteral("metronome on")},

@@ -171,6 +171,9 @@ void RecognitionPipeline::startEngine() {
 }
 
 void RecognitionPipeline::sessionStarted() {
+    if (!recognitionRequest_) {
+        return; // it ended in the turn in which it began
+    }
     observer_.pipelineShowsStatus(observer_.pipelineReadyStatus());
     restartTimer_ = services_.mainQueue.startTimer(sessionTime, [this] {
         if (observer_.pipelineIsWanted() && !observer_.pipelineIsAwake() && !handledCommand_) {

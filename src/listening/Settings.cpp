@@ -33,17 +33,43 @@ std::optional<Value> typed(const QVariant& object) {
     return object.value<Value>();
 }
 
+// A plain text, as the platform reads one: a number counts as what it is written as, a Boolean as 1 or 0.
+std::optional<QString> plainText(const QVariant& object) {
+    constexpr int significantDigits = 16;
+    switch (object.typeId()) {
+    case QMetaType::QString:
+        return object.toString();
+    case QMetaType::Bool:
+        return object.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    case QMetaType::LongLong:
+        return QString::number(object.toLongLong());
+    case QMetaType::Double:
+        return QString::number(object.toDouble(), 'g', significantDigits);
+    default:
+        return std::nullopt;
+    }
+}
+
 // A plain Boolean, as the platform reads one: a number other than 0 is true, and so is a text that begins
-// like "yes", "true" or a number other than 0.
+// like "yes", "true" or a number other than 0. Anything else is false, and yet it is not absent.
 std::optional<bool> plainBoolean(const QVariant& object) {
     if (!object.isValid()) {
         return std::nullopt;
     }
-    if (object.typeId() == QMetaType::QString) {
+    switch (object.typeId()) {
+    case QMetaType::Bool:
+        return object.toBool();
+    case QMetaType::LongLong:
+        return object.toLongLong() != 0;
+    case QMetaType::Double:
+        return object.toDouble() != 0;
+    case QMetaType::QString: {
         static const QRegularExpression truth(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
         return object.toString().contains(truth);
     }
-    return object.toBool();
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -51,7 +77,7 @@ std::optional<bool> plainBoolean(const QVariant& object) {
 Settings::Settings(DefaultsStore& store) : store_(store) {}
 
 QString Settings::wakeWord() const {
-    return typed<QString>(store_.object(key::wakeWord)).value_or(QStringLiteral("hey logic"));
+    return plainText(store_.object(key::wakeWord)).value_or(QStringLiteral("hey logic"));
 }
 
 void Settings::setWakeWord(const QString& wakeWord) {
@@ -75,7 +101,7 @@ void Settings::setAudioFeedback(bool enabled) {
 }
 
 std::optional<QString> Settings::audioDevice() const {
-    return typed<QString>(store_.object(key::audioDevice));
+    return plainText(store_.object(key::audioDevice));
 }
 
 void Settings::setAudioDevice(const std::optional<QString>& uid) {

@@ -18,11 +18,12 @@ class Settings {
 public:
     explicit Settings(DefaultsStore& store);
 
-    /// "hey logic" when absent.
+    /// "hey logic" when absent, or no text and no number.
     [[nodiscard]] QString wakeWord() const;
     void setWakeWord(const QString& wakeWord);
 
     /// None when absent: true is then seeded, so that a program of another version finds the choice made.
+    /// What is there and no truth value is false, and stays.
     [[nodiscard]] std::optional<bool> useWakeWord() const;
     void setUseWakeWord(bool use);
     /// None when absent, as above.

@@ -6,8 +6,14 @@
 
 namespace brivandel {
 
+/// An object that another program has stored and that is of no type of this one's, as an array or a date.
+struct ForeignObject {
+    bool operator==(const ForeignObject&) const = default;
+};
+
 /// The user's stored settings, a map from key to object. Objects are Booleans, 64-bit integers, strings and
-/// data (bool, qlonglong, QString, QByteArray in the QVariant), and stay what they are. Main thread.
+/// data (bool, qlonglong, QString, QByteArray in the QVariant), and stay what they are; others may put reals
+/// (double) there, and what reads as a ForeignObject. Main thread.
 class DefaultsStore {
 public:
     virtual ~DefaultsStore() = default;
@@ -21,3 +27,5 @@ public:
 };
 
 } // namespace brivandel
+
+Q_DECLARE_METATYPE(brivandel::ForeignObject)

@@ -24,13 +24,7 @@ void writeToPipe(int /*signal*/) {
     errno = savedError;
 }
 
-void setHandler(void (*handler)(int)) {
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-}
+constexpr std::array<int, 3> signals = {SIGINT, SIGTERM, SIGHUP};
 
 } // namespace
 
@@ -47,11 +41,21 @@ Interruption::Interruption(std::function<void()> interrupted) {
         notifier_->setEnabled(false);
         interrupted();
     });
-    setHandler(writeToPipe);
+    struct sigaction action = {};
+    action.sa_handler = writeToPipe;
+    action.sa_flags = SA_RESTART;
+    for (std::size_t i = 0; i < signals.size(); ++i) {
+        sigaction(signals.at(i), nullptr, &before_.at(i));
+        if (before_.at(i).sa_handler != SIG_IGN) {
+            sigaction(signals.at(i), &action, nullptr);
+        }
+    }
 }
 
 Interruption::~Interruption() {
-    setHandler(SIG_DFL);
+    for (std::size_t i = 0; i < signals.size(); ++i) {
+        sigaction(signals.at(i), &before_.at(i), nullptr);
+    }
     delete notifier_; // before its descriptor is closed
     for (const int end : signalPipe) {
         close(end);

@@ -2,13 +2,17 @@
 
 #include <QObject>
 
+#include <array>
+#include <csignal>
 #include <functional>
 
 class QSocketNotifier;
 
 namespace brivandel {
 
-/// While it lives, Ctrl-C and a request to terminate come as a call on the main thread, once. One at a time.
+/// While it lives, Ctrl-C, a request to terminate and the end of the terminal come as a call on the main
+/// thread, once. A signal that the program was started to ignore, as under nohup, stays ignored. One at a
+/// time.
 class Interruption final : public QObject {
 public:
     explicit Interruption(std::function<void()> interrupted);
@@ -17,6 +21,8 @@ public:
 
 private:
     QSocketNotifier* notifier_;
+    /// What the three signals did before.
+    std::array<struct sigaction, 3> before_{};
 };
 
 } // namespace brivandel

@@ -4,62 +4,24 @@
 #include "cli/listen/ListenReport.h"
 #include "cli/listen/ObservedServices.h"
 #include "cli/listen/SilentServices.h"
+#include "cli/listen/StatusLine.h"
+#include "cli/listen/TerminalText.h"
 #include "listening/VoiceController.h"
 #include "platform/Lifeline.h"
 #include "platform/PlatformFactory.h"
 #include "platform/scripted/MemoryDefaultsStore.h"
 
 #include <QCoreApplication>
-#include <QTimer>
 
 #include <unistd.h>
 
-#include <cmath>
 #include <optional>
 #include <ostream>
 #include <utility>
 
 namespace brivandel {
 
-using namespace std::chrono_literals;
-
 namespace {
-
-// The line at the bottom of a terminal: state, level, status. Drawn again after a change, at most fifteen
-// times a second.
-class StatusLine final : public QObject {
-public:
-    StatusLine(const VoiceController& controller, std::ostream& out) : controller_(controller), out_(out) {
-        constexpr auto interval = 66ms;
-        redraw_.setSingleShot(true);
-        redraw_.setInterval(interval);
-        connect(&controller, &VoiceController::objectWillChange, this, [this] {
-            if (!redraw_.isActive()) {
-                redraw_.start();
-            }
-        });
-        connect(&redraw_, &QTimer::timeout, this, [this] { draw(); });
-    }
-
-    ~StatusLine() override { erase(); }
-    Q_DISABLE_COPY_MOVE(StatusLine)
-
-    void erase() { out_ << "\r\x1b[K" << std::flush; }
-
-private:
-    void draw() {
-        constexpr int meterWidth = 20;
-        const int filled = static_cast<int>(std::lround(controller_.audioLevel() * float{meterWidth}));
-        QString meter(filled, u'▮');
-        meter += QString(meterWidth - filled, u'▯');
-        out_ << "\r\x1b[K" << (controller_.isAwake() ? "◉ " : "○ ") << meter.toStdString() << "  "
-             << controller_.statusMessage().toStdString() << std::flush;
-    }
-
-    const VoiceController& controller_;
-    std::ostream& out_;
-    QTimer redraw_;
-};
 
 // The system's platform with its recogniser and its script host observed: what they do is reported on the
 // main thread.
@@ -128,7 +90,7 @@ int listenLive(const LiveListeningOptions& options, const Terminal& terminal) {
     VoiceController controller(observed.platform());
     const bool isOnTerminal = !options.json && isatty(STDOUT_FILENO) != 0;
     if (isOnTerminal) {
-        statusLine.emplace(controller, terminal.out);
+        statusLine.emplace(controller, terminal.out, terminalColumns);
     } else if (!options.json) {
         QObject::connect(&controller, &VoiceController::statusMessageChanged, &controller,
                          [&] { terminal.out << controller.statusMessage().toStdString() << std::endl; });

@@ -119,8 +119,30 @@ void lookAtSound(std::vector<Finding>& findings, const QString& chosenUid) {
          {}});
 }
 
-void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
-    const TargetName wanted = target.text.isEmpty() ? TargetName{QStringLiteral("Logic Pro")} : target;
+Finding lookAtTarget(const std::optional<KeySenderReport::Target>& found, const TargetName& wanted,
+                     const TargetSetting& setting) {
+    const QString subject = QStringLiteral("target");
+    if (!setting.problem.isEmpty()) {
+        return {subject, State::Wanting, setting.problem,
+                QStringLiteral("make the file readable, or remove it")};
+    }
+    const QString saidBy =
+        setting.saidBy.isEmpty() ? QString() : QStringLiteral(" (named by %1)").arg(setting.saidBy);
+    if (!found) {
+        return {subject, State::Wanting,
+                QStringLiteral("no program \"%1\" has a window").arg(wanted.text) + saidBy,
+                QStringLiteral("start it, or name your workstation with --target, BRIVANDEL_TARGET or in %1")
+                    .arg(targetFilePath())};
+    }
+    return {subject,
+            State::Well,
+            QStringLiteral("%1, window \"%2\"").arg(found->program, found->windowTitle) + saidBy,
+            {}};
+}
+
+void lookAtKeys(std::vector<Finding>& findings, const TargetSetting& setting) {
+    const TargetName wanted =
+        setting.name.text.isEmpty() ? TargetName{QStringLiteral("Logic Pro")} : setting.name;
     const KeySenderReport report = X11KeySender().report(wanted);
     const QString display = QStringLiteral("display");
     if (!report.problem.isEmpty()) {
@@ -135,18 +157,7 @@ void lookAtKeys(std::vector<Finding>& findings, const TargetName& target) {
                       QStringLiteral(
                           "start one: without it, windows cannot be brought to the front properly")}
             : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
-    if (report.target) {
-        findings.push_back(
-            {QStringLiteral("target"),
-             State::Well,
-             QStringLiteral("%1, window \"%2\"").arg(report.target->program, report.target->windowTitle),
-             {}});
-    } else {
-        findings.push_back(
-            {QStringLiteral("target"), State::Wanting,
-             QStringLiteral("no program \"%1\" has a window").arg(wanted.text),
-             QStringLiteral("start it, or name your workstation with --target or BRIVANDEL_TARGET")});
-    }
+    findings.push_back(lookAtTarget(report.target, wanted, setting));
 }
 
 void lookAtDesktop(std::vector<Finding>& findings) {

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace brivandel {
 namespace {
 
@@ -66,6 +68,37 @@ TEST_F(LogFileTest, FolderInPlaceOfTheFile_FailsSilentlyAndStays) {
     ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("Brivandel.log")));
     log_.write(QStringLiteral("lost"));
     EXPECT_TRUE(QFileInfo(path_).isDir());
+}
+
+TEST_F(LogFileTest, FileInPlaceOfTheFolder_FailsSilentlyAndStays) {
+    const QString inTheWay = folder_.filePath(QStringLiteral("in the way"));
+    QFile file(inTheWay);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("mine");
+    file.close();
+    LogFile log(inTheWay, [this] { return now_; });
+    log.write(QStringLiteral("lost"));
+    log.write(QStringLiteral("lost, too"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("mine"));
+}
+
+// In a process of its own, since the directory is found once a process.
+TEST(LogDirectoryDeathTest, FileAtItsPath_IsNoErrorAndStays) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto useIt = [] {
+        const QTemporaryDir home;
+        qputenv("HOME", home.path().toLocal8Bit());
+        const QString path = home.path() + QStringLiteral("/Library/Logs/Brivandel");
+        QDir().mkpath(home.path() + QStringLiteral("/Library/Logs"));
+        QFile file(path);
+        const bool isThere = file.open(QIODevice::WriteOnly);
+        file.close();
+        LogFile(LogFile::logDirectory(), [] { return MainQueue::WallTime(); }).write(QStringLiteral("lost"));
+        return isThere && LogFile::logDirectory() == path && QFileInfo(path).isFile() &&
+               QFileInfo(path).size() == 0;
+    };
+    EXPECT_EXIT(std::_Exit(useIt() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST(LogDirectory, FirstUse_MakesItInTheHomeFolder) {

@@ -14,12 +14,11 @@ void CaptureStream::Release::operator()(pa_stream* stream) const {
 }
 
 CaptureStream::CaptureStream(PulseAudioContext& context, AudioSource source, std::uint32_t blockFrames,
-                             BlockSplitter::Deliver deliver, Ended ended)
+                             BlockSplitter::Deliver deliver)
     : source_(std::move(source))
     , blockFrames_(blockFrames)
     , frameSizeBytes_(std::size_t{source_.channelMap.channels} * sizeof(float))
     , splitter_(source_.sampleRateHz, source_.channelMap.channels, blockFrames, std::move(deliver))
-    , ended_(std::move(ended))
     , lastArrival_(std::chrono::steady_clock::now())
     , context_(context.native()) {
     connect();
@@ -71,7 +70,6 @@ void CaptureStream::fail(int error) {
     if (!problem_) {
         problem_ = QStringLiteral("Capture from \"%1\" ended: %2")
                        .arg(source_.description, QString::fromUtf8(pa_strerror(error)));
-        ended_(*problem_);
     }
 }
 

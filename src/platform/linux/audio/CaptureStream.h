@@ -6,7 +6,6 @@
 #include <pulse/stream.h>
 
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -17,15 +16,12 @@ namespace brivandel {
 /// lock.
 class CaptureStream {
 public:
-    /// Called when the recording has ended by itself; may not destroy the stream.
-    using Ended = std::function<void(const QString& reason)>;
-
     static constexpr std::chrono::milliseconds firstSoundPatience{3000};
     static constexpr std::chrono::milliseconds laterSoundPatience{500};
 
     /// Begins to record; blocks of blockFrames go to deliver on the loop's thread.
     CaptureStream(PulseAudioContext& context, AudioSource source, std::uint32_t blockFrames,
-                  BlockSplitter::Deliver deliver, Ended ended);
+                  BlockSplitter::Deliver deliver);
     ~CaptureStream();
     CaptureStream(const CaptureStream&) = delete;
     CaptureStream& operator=(const CaptureStream&) = delete;
@@ -58,7 +54,6 @@ private:
     std::uint32_t blockFrames_;
     std::size_t frameSizeBytes_;
     BlockSplitter splitter_;
-    Ended ended_;
     bool isSuspended_ = false;
     bool hasArrived_ = false;
     /// Of the last sound; of the opening before there was any.

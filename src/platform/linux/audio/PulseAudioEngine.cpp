@@ -1,12 +1,12 @@
 #include "platform/linux/audio/PulseAudioEngine.h"
 
+#include <tuple>
 #include <utility>
 
 namespace brivandel {
 
-PulseAudioEngine::PulseAudioEngine(PulseAudioContext& context, CaptureEnded captureEnded)
+PulseAudioEngine::PulseAudioEngine(PulseAudioContext& context)
     : context_(context)
-    , captureEnded_(std::move(captureEnded))
     , close_(context.loop(), [this] { stream_.reset(); })
     , subscription_(context.observe([this] { followDefault(); })) {}
 
@@ -115,30 +115,20 @@ std::optional<QString> PulseAudioEngine::update(const AudioServer& server) {
 }
 
 void PulseAudioEngine::updateWhileRunning() {
-    if (!isRunning_ || !tap_) {
-        return;
-    }
-    if (const auto problem = update(context_.knownServer()); problem && captureEnded_) {
-        captureEnded_(*problem);
+    if (isRunning_ && tap_) {
+        std::ignore = update(context_.knownServer());
     }
 }
 
 std::optional<QString> PulseAudioEngine::openStream(const AudioSource& source) {
     // First of all, for PipeWire 0.3.65 can starve one of two recordings of the same client.
     stream_.reset();
-    stream_ = std::make_unique<CaptureStream>(
-        context_, source, tap_->bufferSizeFrames,
-        [this](const AudioBuffer& buffer) {
-            if (tap_) {
-                tap_->block(buffer);
-            }
-        },
-        [this](const QString& reason) {
-            // While it is being opened there is no stream yet, and the caller is told.
-            if (captureEnded_ && isRunning_ && stream_ != nullptr) {
-                captureEnded_(reason);
-            }
-        });
+    stream_ = std::make_unique<CaptureStream>(context_, source, tap_->bufferSizeFrames,
+                                              [this](const AudioBuffer& buffer) {
+                                                  if (tap_) {
+                                                      tap_->block(buffer);
+                                                  }
+                                              });
     return stream_->problem();
 }
 

@@ -5,7 +5,6 @@
 #include "platform/linux/audio/PulseAudioContext.h"
 
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -13,14 +12,10 @@ namespace brivandel {
 
 /// Captures from one source of the sound server, in its own rate and channels. A chosen device that goes ends
 /// the capture; with none chosen, the default source is followed, also while running. The tap runs on the
-/// context's loop under its lock, and this class adds no lock of its own. Capture that has ended is not taken
-/// up again before the next start().
+/// context's loop under its lock, and this class adds no lock of its own. Capture that has ended, of which
+/// the sound that stays away tells, is not taken up again before the next start().
 class PulseAudioEngine final : public AudioEngine {
 public:
-    /// Called when capture that was to run has ended or cannot go on. Any thread, under the lock: post and
-    /// return.
-    using CaptureEnded = std::function<void(const QString& reason)>;
-
     /// What setInputDevice() returns for an identifier that stands for no device: the four-character code
     /// '!dev'.
     static constexpr std::int32_t badDeviceStatus = 0x21646576;
@@ -28,7 +23,7 @@ public:
     /// 1 second at the longest, and a real stop must put out the desktop's microphone sign soon.
     static constexpr std::chrono::milliseconds closeDelay{1500};
 
-    explicit PulseAudioEngine(PulseAudioContext& context, CaptureEnded captureEnded = {});
+    explicit PulseAudioEngine(PulseAudioContext& context);
     ~PulseAudioEngine() override;
 
     /// No rate and no channels when there is no input.
@@ -55,7 +50,7 @@ private:
     [[nodiscard]] QString missingSource(const AudioServer& server) const;
     /// Brings the stream in line with what is wanted; the description of what failed.
     [[nodiscard]] std::optional<QString> update(const AudioServer& server);
-    /// As update(), where there is no caller to tell what failed.
+    /// As update(), where nobody asks what failed: no sound comes then.
     void updateWhileRunning();
     [[nodiscard]] std::optional<QString> openStream(const AudioSource& source);
     void rest();
@@ -63,7 +58,6 @@ private:
 
     PulseAudioContext& context_;
     // All below is guarded by the loop's lock.
-    CaptureEnded captureEnded_;
     std::optional<Tap> tap_;
     bool isRunning_ = false;
     std::optional<QString> chosenUid_;

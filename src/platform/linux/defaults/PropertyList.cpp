@@ -1,5 +1,7 @@
 #include "platform/linux/defaults/PropertyList.h"
 
+#include "platform/DefaultsStore.h"
+
 #include <plist/plist.h>
 
 #include <cstdlib>
@@ -41,7 +43,7 @@ QVariant toVariant(plist_t node) {
         return QByteArray(bytes, static_cast<qsizetype>(length));
     }
     default:
-        return {};
+        return QVariant::fromValue(ForeignObject());
     }
 }
 
@@ -128,9 +130,7 @@ QVariantMap PropertyList::objects() const {
         if (node == nullptr) {
             return objects;
         }
-        if (const QVariant value = toVariant(node); value.isValid()) {
-            objects.insert(QString::fromUtf8(key.get()), value);
-        }
+        objects.insert(QString::fromUtf8(key.get()), toVariant(node));
     }
 }
 

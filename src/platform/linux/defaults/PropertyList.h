@@ -26,12 +26,13 @@ public:
     /// The binary form: XML cannot hold every string.
     [[nodiscard]] QByteArray toBinary() const;
 
-    /// A Boolean, 64-bit integer, real, string or data as bool, qlonglong, double, QString or QByteArray;
-    /// invalid when absent or of another type.
+    /// A Boolean, 64-bit integer, real, string or data as bool, qlonglong, double, QString or QByteArray, one
+    /// of another type as a ForeignObject; invalid when absent.
     [[nodiscard]] QVariant object(const QString& key) const;
+    /// Any of these but a ForeignObject.
     void set(const QString& key, const QVariant& value);
     void remove(const QString& key);
-    /// Every object that object() can give.
+    /// Every object.
     [[nodiscard]] QVariantMap objects() const;
 
 private:

@@ -120,35 +120,43 @@ bool Decoder::addLanguageModel(const QString& search, const QByteArray& arpa) {
 }
 
 bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting) {
-    // The graph's nodes, and one where everything begins and one where everything ends.
-    const auto nodeCount = static_cast<int>(graph.nodes().size());
-    const int start = nodeCount;
-    const int end = nodeCount + 1;
+    // One state where everything begins, one where everything ends, and one for each node where words go on.
+    // The engine looks at every state for each 10 ms of sound, and most nodes are the last of their phrase.
+    constexpr int start = 0;
+    constexpr int end = 1;
+    int stateCount = 2;
+    std::vector<int> states;
+    for (std::size_t i = 0; i < graph.nodes().size(); ++i) {
+        const bool isLast = graph.nodes()[i].edges.empty() && !graph.isWakeNode(static_cast<int>(i));
+        states.push_back(isLast ? end : stateCount++);
+    }
+    const auto stateOf = [&states](int node) { return states[static_cast<std::size_t>(node)]; };
+
     const QByteArray name = search.toUtf8();
     const auto lw = static_cast<float>(cmd_ln_float_r(ps_get_config(handle_.get()), "-lw"));
     const std::unique_ptr<fsg_model_t, FreeGrammar> grammar(
-        fsg_model_init(name.constData(), ps_get_logmath(handle_.get()), lw, nodeCount + 2));
+        fsg_model_init(name.constData(), ps_get_logmath(handle_.get()), lw, stateCount));
     grammar->start_state = start;
     grammar->final_state = end;
 
     const auto connect = [&grammar](int from, int to) {
         fsg_model_null_trans_add(grammar.get(), from, to, evenLogProbability);
     };
-    connect(start, graph.wakeRoot());
+    connect(start, stateOf(graph.wakeRoot()));
     if (expecting == Expecting::Command) {
-        connect(start, graph.commandRoot());
+        connect(start, stateOf(graph.commandRoot()));
     }
-    for (int i = 0; i < nodeCount; ++i) {
-        const PhraseGraph::Node& node = graph.nodes()[static_cast<std::size_t>(i)];
-        if (node.isEnd) {
-            connect(i, end);
-            if (graph.isWakeNode(i)) {
-                connect(i, graph.commandRoot());
+    for (std::size_t i = 0; i < graph.nodes().size(); ++i) {
+        const PhraseGraph::Node& node = graph.nodes()[i];
+        if (node.isEnd && states[i] != end) {
+            connect(states[i], end);
+            if (graph.isWakeNode(static_cast<int>(i))) {
+                connect(states[i], stateOf(graph.commandRoot()));
             }
         }
         for (const PhraseGraph::Edge& edge : node.edges) {
             const int word = fsg_model_word_add(grammar.get(), edge.word.toUtf8().constData());
-            fsg_model_trans_add(grammar.get(), i, edge.target, evenLogProbability, word);
+            fsg_model_trans_add(grammar.get(), states[i], stateOf(edge.target), evenLogProbability, word);
         }
     }
     glist_free(fsg_model_null_trans_closure(grammar.get(), nullptr));

@@ -18,6 +18,9 @@ constexpr double leastOfCommandWord = -60;
 // command.
 constexpr double leastOfAllAlone = -20;
 constexpr double leastOfCommandAlone = -30;
+// "Topic the king we learned" is not "stop", however well that fits somewhere in it.
+constexpr double leastCoverage = 0.7;
+constexpr qsizetype mostSurplusWords = 2;
 // A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
 constexpr double leastScore = -75;
 
@@ -35,6 +38,23 @@ Sum sumOf(std::span<const HeardSegment> segments) {
         sum.frameCount += segment.frameCount;
     }
     return sum;
+}
+
+/// Frames with words in them, and how many words there are.
+struct Extent {
+    int frameCount = 0;
+    qsizetype wordCount = 0;
+};
+
+Extent extentOf(std::span<const HeardSegment> segments) {
+    Extent extent;
+    for (const HeardSegment& segment : segments) {
+        if (!segment.word.isEmpty()) {
+            extent.frameCount += segment.frameCount;
+            ++extent.wordCount;
+        }
+    }
+    return extent;
 }
 
 /// The score of the frames that the place covers. Within a segment it is taken to be spread evenly.
@@ -73,6 +93,12 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
         evidence.ofWorstCommandWord = std::min(evidence.ofWorstCommandWord, word.mean());
     }
     evidence.ofCommand = command.mean();
+    const Extent said = extentOf(phrase);
+    const Extent heard = extentOf(reference);
+    evidence.surplusWords = heard.wordCount - said.wordCount;
+    if (heard.frameCount > 0) {
+        evidence.coverage = std::min(1.0, static_cast<double>(said.frameCount) / heard.frameCount);
+    }
     Sum all = sumOf(phrase);
     all.score -= sumOf(reference).score;
     evidence.ofAll = all.mean();
@@ -86,7 +112,8 @@ bool Evidence::provesWakePhrase() const {
 bool Evidence::provesCommand() const {
     return ofAll >= (commandAlone ? leastOfAllAlone : leastOfAll) &&
            ofCommand >= (commandAlone ? leastOfCommandAlone : leastOfCommand) &&
-           ofWorstCommandWord >= leastOfCommandWord;
+           ofWorstCommandWord >= leastOfCommandWord && coverage >= leastCoverage &&
+           surplusWords <= mostSurplusWords;
 }
 
 bool isOutOfQuestion(std::span<const HeardSegment> phrase) {

@@ -15,6 +15,11 @@ struct Evidence {
     double ofWakePhrase = 0;
     double ofCommand = 0;
     double ofWorstCommandWord = 0;
+    /// Of the frames that have words in the reference, how many have words in the phrase: a phrase can pass
+    /// over speech as noise.
+    double coverage = 1;
+    /// How many more words the reference has.
+    qsizetype surplusWords = 0;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 

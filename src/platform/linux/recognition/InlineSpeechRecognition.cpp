@@ -86,8 +86,6 @@ private:
 class InlineTask final : public SpeechRecognitionTask {
 public:
     explicit InlineTask(std::shared_ptr<InlineRequest> request) : request_(std::move(request)) {}
-    ~InlineTask() override { request_->cancel(); }
-    Q_DISABLE_COPY_MOVE(InlineTask)
 
     void finish() override { request_->endAudio(); }
     void cancel() override { request_->cancel(); }
@@ -126,9 +124,9 @@ private:
 
 } // namespace
 
-InlineSpeechRecognition::InlineSpeechRecognition(const ModelFiles& files)
-    : files_(files)
-    , pool_(std::make_shared<DecoderPool>(files)) {}
+InlineSpeechRecognition::InlineSpeechRecognition(ModelFiles files)
+    : files_(std::move(files))
+    , pool_(std::make_shared<DecoderPool>(files_)) {}
 
 InlineSpeechRecognition::~InlineSpeechRecognition() = default;
 

@@ -14,7 +14,7 @@ class DecoderPool;
 /// calls. Everything happens on one thread. Recognisers share the loaded models.
 class InlineSpeechRecognition final : public SpeechRecognition {
 public:
-    explicit InlineSpeechRecognition(const ModelFiles& files = ModelFiles::locate());
+    explicit InlineSpeechRecognition(ModelFiles files = ModelFiles::locate());
     ~InlineSpeechRecognition() override;
     Q_DISABLE_COPY_MOVE(InlineSpeechRecognition)
 

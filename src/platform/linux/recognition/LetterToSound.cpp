@@ -65,7 +65,7 @@ public:
     ~Synthesiser() { espeak_Terminate(); }
     Q_DISABLE_COPY_MOVE(Synthesiser)
 
-    [[nodiscard]] QString ipa(const QString& word) {
+    [[nodiscard]] QString ipa(const QString& word) const {
         if (!started_) {
             return {};
         }
@@ -97,7 +97,7 @@ QString phonesByRule(const QString& word) {
     }
     static std::mutex oneAtATime;
     const std::lock_guard lock(oneAtATime);
-    static Synthesiser synthesiser;
+    static const Synthesiser synthesiser;
     return phonesFromIpa(synthesiser.ipa(word));
 }
 

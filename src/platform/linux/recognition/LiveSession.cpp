@@ -26,6 +26,9 @@ LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Del
 bool LiveSession::step(TimePoint now) {
     // Looked at before the sound is read: what was written before they were set is then there to be read.
     const bool soundHasEnded = sound_->hasEnded();
+    if (soundHasEnded && sound_->isAbandoned()) {
+        return false;
+    }
     const bool dropped = sound_->takeDropped();
     while (delivery_->isOpen() && !input_.hasEnded()) {
         sound_->read(samples_, samplesPerRead);

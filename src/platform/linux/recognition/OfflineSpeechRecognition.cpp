@@ -10,6 +10,9 @@ class OfflineRequest final : public SpeechRecognitionRequest {
 public:
     explicit OfflineRequest(const std::shared_ptr<WakeUp>& wakeUp)
         : sound_(std::make_shared<SoundStream>(wakeUp)) {}
+    /// On the audio thread, when the tap is the last to hold it.
+    ~OfflineRequest() override { sound_->abandon(); }
+    Q_DISABLE_COPY_MOVE(OfflineRequest)
 
     void setShouldReportPartialResults(bool report) override {
         reporting_ = report ? RecognitionSession::Reporting::PartialResults
@@ -31,8 +34,6 @@ public:
     OfflineTask(std::shared_ptr<SoundStream> sound, std::shared_ptr<Delivery> delivery)
         : sound_(std::move(sound))
         , delivery_(std::move(delivery)) {}
-    ~OfflineTask() override { OfflineTask::cancel(); }
-    Q_DISABLE_COPY_MOVE(OfflineTask)
 
     void finish() override { sound_->end(); }
     void cancel() override {
@@ -75,8 +76,8 @@ private:
 
 } // namespace
 
-OfflineSpeechRecognition::OfflineSpeechRecognition(const ModelFiles& files, RecognizerThread::Clock clock)
-    : files_(files)
+OfflineSpeechRecognition::OfflineSpeechRecognition(ModelFiles files, RecognizerThread::Clock clock)
+    : files_(std::move(files))
     , clock_(std::move(clock)) {}
 
 RecognizerThread& OfflineSpeechRecognition::thread() {

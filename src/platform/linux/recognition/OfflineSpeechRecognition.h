@@ -13,7 +13,7 @@ namespace brivandel {
 /// outlive it; no handler runs once it is gone.
 class OfflineSpeechRecognition final : public SpeechRecognition {
 public:
-    explicit OfflineSpeechRecognition(const ModelFiles& files = ModelFiles::locate(),
+    explicit OfflineSpeechRecognition(ModelFiles files = ModelFiles::locate(),
                                       RecognizerThread::Clock clock = MainQueue::Clock::now);
 
     /// None for other languages than American English, and when the model is missing.

@@ -45,8 +45,9 @@ bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> voca
                     grammar_->setDictionary(phraseWords);
     for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
         const QString& search = searchFor(expecting);
-        accepted = accepted && gate_->addLanguageModel(search, languageModel(graph, expecting)) &&
-                   reference_->addLanguageModel(search, languageModel(graph, expecting)) &&
+        const QByteArray model = languageModel(graph, expecting);
+        accepted = accepted && gate_->addLanguageModel(search, model) &&
+                   reference_->addLanguageModel(search, model) &&
                    grammar_->addGrammar(search, graph, expecting);
     }
     vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
@@ -116,7 +117,7 @@ std::optional<Reading> PhraseDecoder::end() {
     const PhraseGraph& graph = vocabulary_->graph;
     const auto phrase = decodeByGrammar(said);
     const QStringList words = wordsOf(phrase);
-    const auto reading = graph.read(words);
+    std::optional<Reading> reading = graph.read(words);
     if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
         return std::nullopt;
     }

@@ -12,7 +12,7 @@ std::size_t index(SpokenNumber::Shape shape) {
 
 } // namespace
 
-PhraseGraph::PhraseGraph() : wakeRoot_(0), commandRoot_(0) {
+PhraseGraph::PhraseGraph() {
     // Numbers come first, so that their nodes are there whichever phrase needs them.
     for (int& node : numberNodes_) {
         node = addNode();

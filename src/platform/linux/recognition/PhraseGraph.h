@@ -87,8 +87,8 @@ private:
     /// What ends at the node of the same index; only for nodes of phrases.
     std::vector<Texts> texts_;
     std::array<int, SpokenNumber::shapeCount> numberNodes_{};
-    int wakeRoot_;
-    int commandRoot_;
+    int wakeRoot_ = 0;
+    int commandRoot_ = 0;
     QString wakeText_;
     std::vector<char> isWake_;
     QStringList sortedTexts_;

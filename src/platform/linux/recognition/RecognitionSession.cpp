@@ -62,8 +62,7 @@ void RecognitionSession::beginUtterance() {
     }
     const bool mayBeCommand = awake_ || !lease.wakePhraseRequired;
     lease.decoder->begin(mayBeCommand ? Expecting::Command : Expecting::WakePhrase);
-    utterance_.emplace();
-    utterance_->lease = std::move(lease);
+    utterance_ = Utterance{.lease = std::move(lease)};
     feed(std::vector<std::int16_t>(recent_.begin(), recent_.end()));
 }
 

@@ -69,10 +69,10 @@ public:
 private:
     struct Utterance {
         Lease lease;
-        std::vector<std::int16_t> unprocessed;
+        std::vector<std::int16_t> unprocessed = {};
         AudioTime length{0};
-        std::optional<Reading> candidate;
-        std::optional<Reading> delivered;
+        std::optional<Reading> candidate = std::nullopt;
+        std::optional<Reading> delivered = std::nullopt;
     };
 
     void processFrame(std::span<const std::int16_t, samplesPerFrame> frame);

@@ -5,7 +5,7 @@
 
 namespace brivandel {
 
-SoundStream::SoundStream(std::shared_ptr<WakeUp> wakeUp) : wakeUp_(std::move(wakeUp)), ring_(capacity) {}
+SoundStream::SoundStream(std::shared_ptr<WakeUp> wakeUp) : ring_(capacity), wakeUp_(std::move(wakeUp)) {}
 
 void SoundStream::append(const AudioBuffer& buffer) {
     const MonoView mono(buffer);
@@ -27,7 +27,16 @@ void SoundStream::append(const AudioBuffer& buffer) {
 }
 
 void SoundStream::end() {
-    ended_.store(true, std::memory_order_release);
+    close(State::Ended);
+}
+
+void SoundStream::abandon() {
+    close(State::Abandoned);
+}
+
+void SoundStream::close(State state) {
+    State open = State::Open;
+    state_.compare_exchange_strong(open, state, std::memory_order_acq_rel);
     wakeUp_->wake();
 }
 

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -26,11 +27,17 @@ public:
     void append(const AudioBuffer& buffer);
     /// No more sound will come. Any thread.
     void end();
+    /// Nobody is there any more who could append, or has a use for what was appended; an end that was told
+    /// before stands. Any thread; takes no lock.
+    void abandon();
 
     /// What came since the last call, at most so many samples. Recogniser's thread, as all below.
     void read(std::vector<float>& out, std::size_t room) { ring_.read(out, room); }
     /// Once true, all sound has been written.
-    [[nodiscard]] bool hasEnded() const { return ended_.load(std::memory_order_acquire); }
+    [[nodiscard]] bool hasEnded() const { return state_.load(std::memory_order_acquire) != State::Open; }
+    [[nodiscard]] bool isAbandoned() const {
+        return state_.load(std::memory_order_acquire) == State::Abandoned;
+    }
     /// Whether a block was dropped since the last call.
     [[nodiscard]] bool takeDropped() { return dropped_.exchange(false, std::memory_order_acq_rel); }
     /// Of the first block; 0 before it.
@@ -41,15 +48,19 @@ public:
     }
 
 private:
-    std::shared_ptr<WakeUp> wakeUp_;
+    enum class State : std::uint8_t { Open, Ended, Abandoned };
+
+    void close(State state);
+
     SampleRing ring_;
+    std::shared_ptr<WakeUp> wakeUp_;
     // Written by the audio thread alone, once each.
     std::atomic<double> sampleRateHz_ = 0;
     std::atomic<double> otherSampleRateHz_ = 0;
     // Set by the audio thread, cleared by the recogniser's.
     std::atomic<bool> dropped_ = false;
-    // Set once, by any thread.
-    std::atomic<bool> ended_ = false;
+    // Leaves Open once, by any thread.
+    std::atomic<State> state_ = State::Open;
 };
 
 static_assert(std::atomic<double>::is_always_lock_free);

@@ -9,8 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
-
 namespace brivandel {
 
 /// An engine on the server of script/with-audio-server, with a tap that collects.
@@ -58,11 +56,10 @@ protected:
                << "the tone of " << frequencyHz << " Hz came with amplitude " << amplitude;
     }
 
-    std::atomic<int> endedCount_ = 0;
     PulseAudioContext context_;
     PulseAudioDevices devices_{context_};
     BlockCollector blocks_;
-    PulseAudioEngine engine_{context_, [this](const QString&) { ++endedCount_; }};
+    PulseAudioEngine engine_{context_};
 };
 
 } // namespace brivandel

@@ -161,7 +161,6 @@ TEST_F(PulseAudioEngineTest, Stopped_DeliversNothingAndClosesTheRecording) {
     blocks_.clear();
     EXPECT_TRUE(captureCloses(PulseAudioEngine::closeDelay + 3s));
     EXPECT_EQ(blocks_.count(), 0U);
-    EXPECT_EQ(endedCount_, 0);
 }
 
 TEST_F(PulseAudioEngineTest, StopAndStart_HearsAgain) {

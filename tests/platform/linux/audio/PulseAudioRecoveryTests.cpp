@@ -28,7 +28,6 @@ TEST_F(PulseAudioRecoveryTest, ChosenDeviceUnplugged_HearsNothingUntilItIsBackAn
     ASSERT_TRUE(watch_.waitUntil(std::not_fn(isThere)));
     // Another microphone would be heard within a block or two.
     EXPECT_EQ(blocks_.next(1, 500ms).size(), 0U);
-    EXPECT_EQ(endedCount_, 1);
     const auto problem = engine_.start();
     ASSERT_TRUE(problem);
     EXPECT_THAT(problem->toStdString(), testing::HasSubstr("Plugged_usb"));
@@ -101,7 +100,6 @@ TEST_F(PulseAudioRecoveryTest, ServerKilledAndBack_ContextReconnectsAndStartWork
 
     stopServer();
     ASSERT_TRUE(watch_.waitUntil([](const AudioServer& server) { return !server.isConnected; }));
-    EXPECT_EQ(endedCount_, 1);
     EXPECT_EQ(blocks_.next(1, 200ms).size(), 0U);
     const auto before = std::chrono::steady_clock::now();
     const auto problem = engine_.start();

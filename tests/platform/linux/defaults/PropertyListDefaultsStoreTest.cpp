@@ -200,11 +200,11 @@ TEST_F(PropertyListDefaultsStoreTest, FailedWrite_IsLoggedAndMadeGoodByTheNext) 
 
     const auto store = open();
     store->set(wakeWord, QStringLiteral("hey"));
-    EXPECT_EQ(
-        log_.lines,
-        QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to (Not a "
-                                        "directory)")
-                        .arg(path_)));
+    EXPECT_EQ(log_.lines,
+              QStringList(QStringLiteral(
+                              "Settings file %1 could not be written: its folder cannot be written to (Not a "
+                              "directory)")
+                              .arg(path_)));
     EXPECT_EQ(store->object(wakeWord), QVariant(QStringLiteral("hey")));
 
     ASSERT_TRUE(obstacle.remove());

@@ -1,5 +1,7 @@
 #include "platform/linux/defaults/PropertyList.h"
 
+#include "platform/DefaultsStore.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -67,12 +69,20 @@ TEST(PropertyList, Xml_IsReadToo) {
     EXPECT_EQ(list.object(QStringLiteral("d")), QVariant(QByteArray("[]")));
 }
 
-TEST(PropertyList, ObjectOfAnotherType_IsNotReadAndNotLost) {
-    PropertyList list =
-        parsed(xmlHead + "<dict><key>list</key><array><string>x</string></array></dict></plist>");
-    EXPECT_FALSE(list.object(QStringLiteral("list")).isValid());
+TEST(PropertyList, ObjectsOfOtherTypes_AreThereAsForeignAndNotLost) {
+    PropertyList list = parsed(xmlHead + "<dict><key>list</key><array><string>inside</string></array>"
+                                         "<key>day</key><date>2026-11-15T23:22:41Z</date>"
+                                         "<key>map</key><dict/></dict></plist>");
+    const QVariant foreign = QVariant::fromValue(ForeignObject());
+    for (const QString& key : {QStringLiteral("list"), QStringLiteral("day"), QStringLiteral("map")}) {
+        EXPECT_EQ(list.object(key), foreign) << key.toStdString();
+        EXPECT_EQ(list.objects().value(key), foreign) << key.toStdString();
+    }
     list.set(QStringLiteral("other"), true);
-    EXPECT_TRUE(list.toBinary().contains("list"));
+    const PropertyList copy = parsed(list.toBinary());
+    EXPECT_EQ(copy.objects().size(), 4);
+    EXPECT_EQ(copy.object(QStringLiteral("list")), foreign);
+    EXPECT_TRUE(list.toBinary().contains("inside"));
 }
 
 TEST(PropertyList, WhatCannotBeRead_SaysWhy) {

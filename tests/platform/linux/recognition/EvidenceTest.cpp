@@ -47,6 +47,26 @@ TEST(Evidence, PausesCountInTheWholeOnly) {
     EXPECT_FALSE(evidence.provesCommand()) << "half of the utterance was something else";
 }
 
+TEST(Evidence, SpeechPassedOverAsNoise_DisprovesTheCommand) {
+    const std::vector phrase = {segment(u"stop", 0, 30, -30), segment(u"", 30, 70, -30)};
+    const std::vector reference = {segment(u"topic", 0, 40, -30), segment(u"we", 40, 30, -30),
+                                   segment(u"learned", 70, 30, -30)};
+    const Evidence evidence = Evidence::weigh(phrase, reference, 0);
+    EXPECT_DOUBLE_EQ(evidence.coverage, 0.3);
+    EXPECT_FALSE(evidence.provesCommand());
+}
+
+TEST(Evidence, FewLongWordsForManyShortOnes_DisproveTheCommand) {
+    const std::vector phrase = {segment(u"recording", 0, 80, -30)};
+    std::vector<HeardSegment> reference;
+    for (int i = 0; i < 3; ++i) {
+        reference.push_back(segment(u"we", i * 20, 20, -30));
+    }
+    EXPECT_TRUE(Evidence::weigh(phrase, reference, 0).provesCommand());
+    reference.push_back(segment(u"are", 60, 20, -30));
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, 0).provesCommand());
+}
+
 TEST(Evidence, NothingHeard_IsNeutral) {
     const Evidence evidence = Evidence::weigh({}, {}, 0);
     EXPECT_EQ(evidence.ofAll, 0);

@@ -81,6 +81,25 @@ TEST_F(LiveSessionTest, EndOfSoundWithNothingHeard_DeliversNothing) {
     EXPECT_THAT(deliveries_.lines, IsEmpty());
 }
 
+TEST_F(LiveSessionTest, AbandonedSound_EndsTheSessionSilently) {
+    decoder_->interimAnswer = Reading{.text = QStringLiteral("undo"), .isWhole = true};
+    append(Noise::speech, 700ms);
+    append(Noise::silence, 500ms);
+    sound_->abandon();
+    EXPECT_FALSE(stepAfter(2s));
+    EXPECT_THAT(deliveries_.lines, IsEmpty());
+}
+
+TEST_F(LiveSessionTest, SoundAbandonedAfterItsEnd_IsStillHeard) {
+    decoder_->interimAnswer = Reading{.text = QStringLiteral("undo"), .isWhole = true};
+    append(Noise::speech, 700ms);
+    append(Noise::silence, 200ms);
+    sound_->end();
+    sound_->abandon();
+    EXPECT_FALSE(stepAfter(10ms));
+    EXPECT_THAT(deliveries_.lines, ElementsAre(QStringLiteral("undo"), QStringLiteral("undo.")));
+}
+
 TEST_F(LiveSessionTest, ClosedDelivery_EndsTheSessionSilently) {
     decoder_->interimAnswer = Reading{.text = QStringLiteral("undo"), .isWhole = true};
     append(Noise::speech, 700ms);

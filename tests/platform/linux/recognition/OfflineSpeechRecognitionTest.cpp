@@ -5,6 +5,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <semaphore>
 #include <thread>
 
 namespace brivandel {
@@ -50,9 +51,10 @@ private:
     QStringList errors_;
 };
 
-void append(SpeechRecognitionRequest& request, const std::vector<float>& samples) {
+void append(SpeechRecognitionRequest& request, const std::vector<float>& samples,
+            double sampleRateHz = 16000) {
     const float* const channel = samples.data();
-    request.append({16000, static_cast<std::uint32_t>(samples.size()), {&channel, 1}});
+    request.append({sampleRateHz, static_cast<std::uint32_t>(samples.size()), {&channel, 1}});
 }
 
 class OfflineSpeechRecognitionTest : public testing::Test {
@@ -91,7 +93,57 @@ TEST_F(OfflineSpeechRecognitionTest, CancelledSession_DeliversNothing) {
     auto task = recognizer->startTask(cancelled, [&called](const auto&, const auto&) { called = true; });
     task->cancel();
     ErrorBox errors;
-    const auto next = recognizer->startTask(recognition_.makeRequest(), errors.handler());
+    const auto next = recognition_.makeRequest();
+    const auto nextTask = recognizer->startTask(next, errors.handler());
+    clock_.advance(1s);
+    recognizer->setVocabulary(RecognitionVocabulary());
+    // The next session's error says that the thread has seen to both.
+    EXPECT_EQ(errors.waitForOne().size(), 1);
+    EXPECT_FALSE(called);
+}
+
+TEST_F(OfflineSpeechRecognitionTest, FinishedTaskThatIsLetGo_StillDelivers) {
+    const auto recognizer = recognition_.makeRecognizer(english);
+    ASSERT_TRUE(recognizer);
+    Noise noise;
+    // Sound of this rate is an error as soon as it is looked at.
+    constexpr double unheardOfRateHz = 4000;
+    const std::vector<float> block = noise(Noise::silence, 20ms);
+
+    // The first session's handler holds the thread, so that the second is let go before it is looked at.
+    std::binary_semaphore isHeld(0);
+    std::binary_semaphore mayGoOn(0);
+    const auto first = recognition_.makeRequest();
+    const auto holding = recognizer->startTask(first, [&](const auto&, const auto&) {
+        isHeld.release();
+        mayGoOn.acquire();
+    });
+    append(*first, block, unheardOfRateHz);
+    ASSERT_TRUE(isHeld.try_acquire_for(30s));
+
+    ErrorBox errors;
+    auto request = recognition_.makeRequest();
+    auto task = recognizer->startTask(request, errors.handler());
+    append(*request, block, unheardOfRateHz);
+    request->endAudio();
+    task->finish();
+    task.reset();
+    request.reset();
+    mayGoOn.release();
+    EXPECT_EQ(errors.waitForOne().size(), 1);
+}
+
+TEST_F(OfflineSpeechRecognitionTest, SessionWhoseRequestNobodyHolds_EndsSilently) {
+    const auto recognizer = recognition_.makeRecognizer(english);
+    ASSERT_TRUE(recognizer);
+    bool called = false;
+    auto request = recognition_.makeRequest();
+    auto task = recognizer->startTask(request, [&called](const auto&, const auto&) { called = true; });
+    request.reset();
+    task.reset();
+    ErrorBox errors;
+    const auto next = recognition_.makeRequest();
+    const auto nextTask = recognizer->startTask(next, errors.handler());
     clock_.advance(1s);
     recognizer->setVocabulary(RecognitionVocabulary());
     // The next session's error says that the thread has seen to both.
@@ -146,6 +198,18 @@ TEST(InlineSpeechRecognition, SessionOfSixtySeconds_EndsWithinTheCallThatBringsI
     EXPECT_EQ(deliveries.lines.size(), 1);
     request->endAudio();
     task->finish();
+    EXPECT_EQ(deliveries.lines.size(), 1);
+}
+
+TEST(InlineSpeechRecognition, TaskThatIsLetGo_EndsNothing) {
+    InlineSpeechRecognition recognition;
+    const auto recognizer = recognition.makeRecognizer(english);
+    ASSERT_TRUE(recognizer);
+    Deliveries deliveries;
+    const auto request = recognition.makeRequest();
+    recognizer->startTask(request, deliveries.handler()).reset();
+    Noise noise;
+    append(*request, noise(Noise::silence, 60s));
     EXPECT_EQ(deliveries.lines.size(), 1);
 }
 
