@@ -44,6 +44,9 @@ QStringList Label::lines(int width) const {
         return {fontMetrics().elidedText(text(), Qt::ElideRight, width)};
     }
     QTextLayout layout(text(), font());
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(wrapping);
     QStringList lines;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
@@ -88,9 +91,7 @@ void Label::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(foregroundRole()));
     const QStringList shown = lines(width());
     QRect line(0, 0, width(), fontMetrics().lineSpacing());
-    if (shown.size() == 1) {
-        line.moveTop((height() - line.height()) / 2);
-    }
+    line.moveTop(qMax(0, (height() - heightOfLines(shown.size())) / 2));
     for (const QString& text : shown) {
         painter.drawText(line,
                          static_cast<int>(alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter |

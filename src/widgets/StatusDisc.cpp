@@ -14,7 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int diameter = 60;
 constexpr int symbolSide = 28; // what a symbol of a 24-point font measures
 constexpr auto followingTime = 100ms;
 
@@ -39,6 +38,7 @@ void paintShadow(QPainter& painter, const QPointF& center, double discRadius, co
 } // namespace
 
 StatusDisc::StatusDisc(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     following_.setDuration(static_cast<int>(followingTime.count()));
     following_.setEasingCurve(QEasingCurve::OutQuad);
@@ -94,8 +94,8 @@ DiscShadow StatusDisc::secondShadowAt(double level) const {
 }
 
 QSize StatusDisc::sizeHint() const {
-    // The largest disc with its widest shadow: nothing is cut off, and nothing around it moves.
-    constexpr double largest = diameter * 1.18 + 2 * 22;
+    // The largest disc with its widest shadow: nothing of it is cut off.
+    constexpr double largest = restingDiameter * 1.18 + 2 * 22;
     return {static_cast<int>(std::ceil(largest)), static_cast<int>(std::ceil(largest))};
 }
 
@@ -110,7 +110,7 @@ void StatusDisc::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QPointF center = QRectF(rect()).center();
     const double size = scaleAt(shownLevel_);
-    const double radius = diameter * size / 2;
+    const double radius = restingDiameter * size / 2;
     const QColor fill = fillColor(color_, appearanceOf(palette()));
     paintShadow(painter, center, radius, secondShadowAt(shownLevel_), fill);
     paintShadow(painter, center, radius, firstShadowAt(shownLevel_), fill);

@@ -14,10 +14,14 @@ struct DiscShadow {
     double radius = 0;
 };
 
-/// A disc with a white symbol that grows and glows with the level of the voice.
+/// A disc with a white symbol that grows and glows with the level of the voice. The widget is larger than the
+/// disc by what the shadows need, so it is laid over its neighbours, not beside them.
 class StatusDisc final : public QWidget {
     Q_OBJECT
 public:
+    /// Of the disc alone, while nothing is heard; in device-independent pixels.
+    static constexpr int restingDiameter = 60;
+
     explicit StatusDisc(QWidget* parent = nullptr);
 
     /// What it shows; description is what assistive technology says. Changes at once.
