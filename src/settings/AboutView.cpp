@@ -50,6 +50,7 @@ QLayout* makePrivacyTitle() {
 } // namespace
 
 AboutView::AboutView(QWidget* parent) : QScrollArea(parent) {
+    setAccessibleName(QStringLiteral("About"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -34,6 +34,10 @@ KeyCapturePillView::KeyCapturePillView(const KeyboardLayout& layout, QWidget* pa
     showContent();
 }
 
+KeyCapturePillView::~KeyCapturePillView() {
+    delete capture_; // while there still is somebody to be told that the capture ends
+}
+
 bool KeyCapturePillView::isCapturing() const {
     return capture_->isCapturing();
 }

@@ -19,6 +19,7 @@ class KeyCapturePillView final : public QWidget {
 public:
     /// The layout must outlive it.
     explicit KeyCapturePillView(const KeyboardLayout& layout, QWidget* parent = nullptr);
+    ~KeyCapturePillView() override;
 
     [[nodiscard]] const std::optional<CapturedKey>& capturedKey() const { return capturedKey_; }
     void setCapturedKey(const std::optional<CapturedKey>& key);
