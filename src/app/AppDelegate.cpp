@@ -6,6 +6,8 @@
 #include "listening/VoiceController.h"
 #include "platform/Desktop.h"
 #include "platform/Platform.h"
+#include "settings/SettingsView.h"
+#include "views/CommandReferenceView.h"
 #include "views/QuickControlView.h"
 #include "views/WelcomeView.h"
 #include "widgets/Colors.h"
@@ -171,9 +173,38 @@ void AppDelegate::togglePopover() {
     popover_->showBeside(popoverAnchor());
 }
 
-void AppDelegate::openSettings() {}
+SettingsView& AppDelegate::settingsView() {
+    if (!settingsWindow_) {
+        auto* view = new SettingsView(voiceController_, *platform_.keyboardLayout);
+        connect(this, &AppDelegate::openSettingsCommandsTab, view, &SettingsView::openSettingsCommandsTab);
+        settingsWindow_ = std::make_unique<AppWindow>(QStringLiteral("Brivandel Settings"),
+                                                      settingsWindowSize, AppWindow::Resizing::Fixed, view);
+    }
+    return static_cast<SettingsView&>(settingsWindow_->view());
+}
 
-void AppDelegate::showCommands() {}
+void AppDelegate::openSettings() {
+    static_cast<void>(settingsView());
+    settingsWindow_->present();
+}
+
+void AppDelegate::showCommands() {
+    if (!commandWindow_) {
+        auto* view = new CommandReferenceView(voiceController_, *platform_.mainQueue);
+        connect(view, &CommandReferenceView::settingsRequested, this, [this] {
+            openSettings();
+            Q_EMIT openSettingsCommandsTab();
+        });
+        connect(view, &CommandReferenceView::editTriggersRequested, this, [this](VoiceCommand command) {
+            openSettings();
+            Q_EMIT openSettingsCommandsTab();
+            settingsView().editTriggers(command);
+        });
+        commandWindow_ = std::make_unique<AppWindow>(QStringLiteral("Voice Commands Reference"),
+                                                     commandWindowSize, AppWindow::Resizing::Free, view);
+    }
+    commandWindow_->present();
+}
 
 void AppDelegate::showSetup() {
     if (welcomeWindow_) {

@@ -14,6 +14,7 @@ namespace brivandel {
 
 class AppWindow;
 class Popover;
+class SettingsView;
 class StatusItem;
 class Timer;
 class VoiceController;
@@ -50,6 +51,7 @@ Q_SIGNALS:
 
 private:
     void showWelcomeWindow();
+    [[nodiscard]] SettingsView& settingsView();
     void makePopover();
     void setupMenu();
     void updateMenu();

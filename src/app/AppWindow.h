@@ -18,6 +18,7 @@ public:
 
     /// The view that is shown from now on; the one before is deleted.
     void setView(QWidget* view);
+    [[nodiscard]] QWidget& view() const { return *view_; }
 
     /// In the middle of its screen, in front of everything, with the keyboard: wherever the user moved it.
     void present();

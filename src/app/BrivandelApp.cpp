@@ -103,7 +103,6 @@ int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) 
 
     QApplication application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("brivandel"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Brivandel"));
     QGuiApplication::setDesktopFileName(QStringLiteral("brivandel"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(resourceImage(QStringLiteral("logo-square"), 128, 1)));

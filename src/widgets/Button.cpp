@@ -5,6 +5,7 @@
 #include "widgets/ThemeStyle.h"
 
 #include <QPainter>
+#include <QTextDocument>
 
 namespace brivandel {
 
@@ -46,7 +47,8 @@ Button::Button(const QString& text, ButtonStyle style, QWidget* parent)
 Button* Button::withSymbol(const QString& symbol, const QString& purpose, QWidget* parent) {
     auto* button = new Button(QString(), ButtonStyle::Borderless, parent);
     button->setSymbol(symbol);
-    button->setToolTip(purpose);
+    // Tool tips guess whether a text is markup; this one never is.
+    button->setToolTip(Qt::mightBeRichText(purpose) ? Qt::convertFromPlainText(purpose) : purpose);
     button->setAccessibleName(purpose);
     return button;
 }

@@ -29,15 +29,19 @@ void Chip::setRemovable(bool removable) {
         return;
     }
     if (!removable) {
-        delete cross_;
+        // The click on a cross may be what ends the removing.
+        cross_->hide();
+        cross_->deleteLater();
         cross_ = nullptr;
         return;
     }
     cross_ = Button::withSymbol(QStringLiteral("xmark"), QStringLiteral("Remove %1").arg(phrase()), this);
     cross_->setObjectName(QStringLiteral("remove"));
+    cross_->setToolTip(QStringLiteral("Remove")); // a phrase may be as long as a page
     cross_->setSymbolSide(crossSide_);
     cross_->setFixedSize(crossSide_ + 6, crossSide_ + 6);
     layout()->addWidget(cross_);
+    cross_->show();
     connect(cross_, &Button::clicked, this, [this] { Q_EMIT removeRequested(phrase()); });
 }
 

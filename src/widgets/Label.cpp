@@ -13,6 +13,7 @@ Label::Label(const QString& text, TextStyle style, NamedColor color, QWidget* pa
     , color_(color) {
     setTextFormat(Qt::PlainText);
     setFont(textFont(style));
+    setForegroundRole(QPalette::WindowText); // also inside lists, which would choose another
     setText(text);
     showColor();
 }

@@ -9,7 +9,6 @@ namespace brivandel {
 
 namespace {
 
-constexpr int ringSpace = 3; // around the track, for the ring of the keyboard's focus
 constexpr int gap = 10;
 
 } // namespace

@@ -11,6 +11,9 @@ namespace brivandel {
 class Switch final : public QCheckBox {
     Q_OBJECT
 public:
+    /// Around the switch, for the ring of the keyboard's focus, in device-independent pixels.
+    static constexpr int ringSpace = 3;
+
     explicit Switch(const QString& text = {}, QWidget* parent = nullptr);
 
     void setControlSize(ControlSize size);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double fieldCornerRadius = 6;
 constexpr double focusRingWidth = 2;
+constexpr int scrollThumbLength = 28;
 
 } // namespace
 
@@ -39,10 +40,84 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    if (element == CE_Splitter) {
+        painter->fillRect(option->rect, separatorColor(appearanceOf(option->palette)));
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    if (control != CC_ScrollBar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    constexpr int inset = 2;
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (slider == nullptr || slider->maximum <= slider->minimum) {
+        return;
+    }
+    const QRectF thumb = QRectF(subControlRect(control, option, SC_ScrollBarSlider, widget))
+                             .adjusted(inset, inset, -inset, -inset);
+    const bool isHeld = slider->activeSubControls.testFlag(SC_ScrollBarSlider) &&
+                        (slider->state & (State_MouseOver | State_Sunken)) != 0;
+    const double radius = qMin(thumb.width(), thumb.height()) / 2;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(
+        withOpacity(color(NamedColor::Gray, appearanceOf(option->palette)), isHeld ? 0.85 : 0.55));
+    painter->drawRoundedRect(thumb, radius, radius);
+    painter->restore();
+}
+
+QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl subControl, const QWidget* widget) const {
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || slider == nullptr) {
+        return QProxyStyle::subControlRect(control, option, subControl, widget);
+    }
+    // No arrows: the thumb has the whole length.
+    const bool isHorizontal = slider->orientation == Qt::Horizontal;
+    const int length = isHorizontal ? slider->rect.width() : slider->rect.height();
+    const int range = slider->maximum - slider->minimum;
+    int thumb = length;
+    if (range > 0) {
+        const auto whole = static_cast<qint64>(range) + slider->pageStep;
+        thumb = qBound(qMin(scrollThumbLength, length),
+                       static_cast<int>(static_cast<qint64>(length) * slider->pageStep / whole), length);
+    }
+    const int start = sliderPositionFromValue(slider->minimum, slider->maximum, slider->sliderPosition,
+                                              length - thumb, slider->upsideDown);
+    const auto span = [&](int from, int to) {
+        return isHorizontal ? QRect(from, 0, to - from, slider->rect.height())
+                            : QRect(0, from, slider->rect.width(), to - from);
+    };
+    switch (subControl) {
+    case SC_ScrollBarSlider:
+        return span(start, start + thumb);
+    case SC_ScrollBarGroove:
+        return span(0, length);
+    case SC_ScrollBarSubPage:
+        return span(0, start);
+    case SC_ScrollBarAddPage:
+        return span(start + thumb, length);
+    default:
+        return {};
+    }
+}
+
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
     case PM_SmallIconSize:
         return 16;
+    case PM_ScrollBarExtent:
+        return 11;
+    case PM_ScrollBarSliderMin:
+        return scrollThumbLength;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -18,6 +18,9 @@ public:
         const auto found = characters.find(keyCode);
         return found == characters.end() ? std::nullopt : std::optional(*found);
     }
+    std::optional<std::uint16_t> keyCodeForNativeScanCode(std::uint32_t /*scanCode*/) const override {
+        return std::nullopt;
+    }
 
     QMap<std::uint16_t, QString> characters = {
         {1, QStringLiteral("s")}, {24, QStringLiteral("ß")}, {50, QString()}};

@@ -41,5 +41,12 @@ TEST(Label, InADarkPalette_TakesTheDarkColour) {
     EXPECT_EQ(shown(), color(NamedColor::Secondary, Appearance::Light));
 }
 
+TEST(Label, InsideAList_KeepsItsColour) {
+    QWidget list;
+    list.setBackgroundRole(QPalette::Base);
+    auto* label = new Label(QStringLiteral("quiet"), TextStyle::Caption, NamedColor::Secondary, &list);
+    EXPECT_EQ(label->palette().color(label->foregroundRole()), color(NamedColor::Secondary, Appearance::Light));
+}
+
 } // namespace
 } // namespace brivandel

@@ -94,4 +94,12 @@ std::optional<QString> ScriptedKeyboardLayout::characterForKeyCode(std::uint16_t
     return QString(characters[keyCode]);
 }
 
+std::optional<std::uint16_t> ScriptedKeyboardLayout::keyCodeForNativeScanCode(std::uint32_t scanCode) const {
+    constexpr std::uint32_t keyCount = 128;
+    if (scanCode == 0 || scanCode > keyCount) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint16_t>(scanCode - 1);
+}
+
 } // namespace brivandel

@@ -14,6 +14,13 @@ namespace {
 /// The main thread asks, and a person has just pressed a key.
 constexpr std::chrono::milliseconds patience{500};
 
+// They have virtual key codes, but a keyboard's sound keys are the desktop's.
+bool isSoundKey(std::uint16_t keyCode) {
+    constexpr std::uint16_t volumeUp = 72;
+    constexpr std::uint16_t mute = 74;
+    return keyCode >= volumeUp && keyCode <= mute;
+}
+
 } // namespace
 
 X11KeyboardLayout::X11KeyboardLayout(QByteArray display) : display_(std::move(display)) {}
@@ -32,6 +39,15 @@ std::optional<QString> X11KeyboardLayout::characterForKeyCode(std::uint16_t keyC
     const x11::Connection::Bound bound(*connection, deadline);
     const auto keymap = x11::Keymap::read(*connection);
     return keymap ? keymap->nameOfKey(static_cast<xcb_keycode_t>(*evdevCode + xKeyCodeOffset)) : std::nullopt;
+}
+
+std::optional<std::uint16_t> X11KeyboardLayout::keyCodeForNativeScanCode(std::uint32_t scanCode) const {
+    constexpr std::uint32_t lastScanCode = 255;
+    if (scanCode < xKeyCodeOffset || scanCode > lastScanCode) {
+        return std::nullopt;
+    }
+    const auto keyCode = virtualKeyCodeForEvdevCode(static_cast<std::uint16_t>(scanCode - xKeyCodeOffset));
+    return keyCode && isSoundKey(*keyCode) ? std::nullopt : keyCode;
 }
 
 } // namespace brivandel

@@ -15,6 +15,9 @@ public:
     explicit X11KeyboardLayout(QByteArray display = {});
 
     [[nodiscard]] std::optional<QString> characterForKeyCode(std::uint16_t keyCode) const override;
+    /// scanCode is an X key code.
+    [[nodiscard]] std::optional<std::uint16_t>
+    keyCodeForNativeScanCode(std::uint32_t scanCode) const override;
 
 private:
     QByteArray display_;

@@ -1,5 +1,6 @@
 #include "platform/linux/keys/KeyCodes.h"
 #include "platform/linux/keys/KeySender.h"
+#include "platform/linux/keys/X11KeyboardLayout.h"
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
@@ -45,6 +46,30 @@ TEST(KeyCodes, KeysOfOneSystemOnly_HaveNoNumber) {
     EXPECT_FALSE(evdevCodeForVirtualKeyCode(127));
     EXPECT_FALSE(evdevCodeForVirtualKeyCode(65535));
     EXPECT_FALSE(virtualKeyCodeForEvdevCode(KEY_SYSRQ));
+}
+
+TEST(ScanCodes, EveryKeyButTheSoundKeys_IsTheKeyOfThatPlace) {
+    const X11KeyboardLayout layout(":4999"); // asks no display
+    const std::set<std::uint16_t> soundKeys = {72, 73, 74};
+    for (const KeyCodePair& pair : keyCodePairs()) {
+        const auto keyCode =
+            layout.keyCodeForNativeScanCode(static_cast<std::uint32_t>(pair.evdevCode + xKeyCodeOffset));
+        if (soundKeys.contains(pair.virtualKeyCode)) {
+            EXPECT_FALSE(keyCode) << pair.virtualKeyCode;
+        } else {
+            EXPECT_EQ(keyCode, pair.virtualKeyCode);
+        }
+    }
+}
+
+TEST(ScanCodes, KeysOfMediaPlayersAndNoKeys_HaveNoKeyCode) {
+    const X11KeyboardLayout layout(":4999");
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(KEY_PLAYPAUSE + xKeyCodeOffset));
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(KEY_NEXTSONG + xKeyCodeOffset));
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0));
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(xKeyCodeOffset - 1));
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0x10000 + KEY_A + xKeyCodeOffset));
+    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0xffffffff));
 }
 
 TEST(TargetName, Setting_NamesAProcessUnlessItSaysTitle) {
