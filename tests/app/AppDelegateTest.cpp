@@ -3,12 +3,15 @@
 #include "app/AppWindow.h"
 #include "app/Popover.h"
 #include "platform/scripted/ScriptedDesktop.h"
+#include "settings/SettingsView.h"
 #include "support/ScriptedListening.h"
+#include "views/CommandReferenceView.h"
 #include "views/WelcomeView.h"
 #include "widgets/Button.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QSignalSpy>
@@ -150,6 +153,55 @@ TEST_F(AppDelegateTest, ShowStatus_OpensAndClosesThePopover) {
     EXPECT_FALSE(popover().isVisible());
 }
 
+TEST_F(AppDelegateTest, EachWindow_IsMadeOnceAndShownAgain) {
+    launch();
+    EXPECT_EQ(window("Voice Commands Reference"), nullptr);
+    item(3).trigger();
+    auto* reference = window("Voice Commands Reference");
+    ASSERT_NE(reference, nullptr);
+    EXPECT_EQ(reference->size(), QSize(600, 500));
+    item(3).trigger();
+    EXPECT_EQ(window("Voice Commands Reference"), reference);
+    reference->findChild<QLineEdit*>(QStringLiteral("search"))->setText(QStringLiteral("loop"));
+    reference->close();
+    item(3).trigger();
+    EXPECT_EQ(window("Voice Commands Reference"), reference);
+    EXPECT_TRUE(reference->isVisible());
+    EXPECT_EQ(reference->findChild<CommandReferenceView*>()->searchText(), QStringLiteral("loop"));
+
+    item(2).trigger();
+    auto* settings = window("Brivandel Settings");
+    ASSERT_NE(settings, nullptr);
+    EXPECT_EQ(settings->size(), QSize(500, 500));
+    EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::General);
+    item(2).trigger();
+    EXPECT_EQ(window("Brivandel Settings"), settings);
+}
+
+TEST_F(AppDelegateTest, ManageButtonOfTheReference_OpensTheSettingsOnTheirCommandsTab) {
+    launch();
+    item(3).trigger();
+    auto* view = window("Voice Commands Reference")->findChild<CommandReferenceView*>();
+    Q_EMIT view->settingsRequested();
+    auto* settings = window("Brivandel Settings");
+    ASSERT_NE(settings, nullptr);
+    EXPECT_TRUE(settings->isVisible());
+    EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::Commands);
+}
+
+TEST_F(AppDelegateTest, PencilOfTheReference_OpensTheCommandsTriggers) {
+    launch();
+    item(3).trigger();
+    Q_EMIT window("Voice Commands Reference")
+        ->findChild<CommandReferenceView*>()
+        ->editTriggersRequested(VoiceCommand::clickOn);
+    auto* settings = window("Brivandel Settings");
+    ASSERT_NE(settings, nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::Commands);
+    EXPECT_NE(settings->findChild<QWidget*>(rawValue(VoiceCommand::clickOn)), nullptr);
+}
+
 TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {
     launch();
     const QSignalSpy quits(&delegate, &AppDelegate::quitRequested);
@@ -159,6 +211,10 @@ TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {
     EXPECT_TRUE(popover().isVisible());
     delegate.handle(LaunchRequest::Popover);
     EXPECT_FALSE(popover().isVisible());
+    delegate.handle(LaunchRequest::Settings);
+    EXPECT_TRUE(window("Brivandel Settings")->isVisible());
+    delegate.handle(LaunchRequest::Commands);
+    EXPECT_TRUE(window("Voice Commands Reference")->isVisible());
     delegate.handle(LaunchRequest::Quit);
     EXPECT_EQ(quits.size(), 1);
 }

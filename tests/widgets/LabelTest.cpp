@@ -45,7 +45,8 @@ TEST(Label, InsideAList_KeepsItsColour) {
     QWidget list;
     list.setBackgroundRole(QPalette::Base);
     auto* label = new Label(QStringLiteral("quiet"), TextStyle::Caption, NamedColor::Secondary, &list);
-    EXPECT_EQ(label->palette().color(label->foregroundRole()), color(NamedColor::Secondary, Appearance::Light));
+    EXPECT_EQ(label->palette().color(label->foregroundRole()),
+              color(NamedColor::Secondary, Appearance::Light));
 }
 
 } // namespace

@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <optional>
+#include <utility>
 
 // The keys that are pressed, by their X names.
 #define XK_MISCELLANY
@@ -106,6 +108,13 @@ protected:
     }
     [[nodiscard]] bool waitForNoWindow(const QString& title) {
         return screen_.waitUntil([&] { return !window(title); }, patience);
+    }
+    // The frame counts, too, and a panel takes room.
+    [[nodiscard]] bool isInTheMiddle(const QString& title) const {
+        const auto now = window(title);
+        const QPoint middle = screen_.geometry().center();
+        return now && std::abs(now->geometry.center().x() - middle.x()) < 5 &&
+               std::abs(now->geometry.center().y() - middle.y()) < 40;
     }
     // The popover and the tray icon's own window bear the same title.
     [[nodiscard]] std::optional<Screen::Window> popover() const {
@@ -210,15 +219,26 @@ TEST_P(Face, Walkthrough_ComesBackInTheMiddleAtItsFirstPage) {
     screen_.move(window(welcomeTitle)->id, QPoint(3, 300));
     ASSERT_TRUE(screen_.waitUntil([this] { return window(welcomeTitle)->geometry.left() < 50; }, patience));
     choose(SetupInstructions);
-    const QPoint middle = screen_.geometry().center();
-    EXPECT_TRUE(screen_.waitUntil(
-        [&] {
-            const auto now = window(welcomeTitle);
-            // The frame counts, too, and a panel takes room.
-            return now && std::abs(now->geometry.center().x() - middle.x()) < 5 &&
-                   std::abs(now->geometry.center().y() - middle.y()) < 40;
-        },
-        patience));
+    EXPECT_TRUE(screen_.waitUntil([this] { return isInTheMiddle(welcomeTitle); }, patience));
+}
+
+TEST_P(Face, EachWindow_OpensOnceAndComesBackInTheMiddle) {
+    startTray();
+    startProgram();
+    ASSERT_TRUE(waitForIdleItem());
+    const std::pair<MenuItem, QString> windows[] = {
+        {Settings, QStringLiteral("Brivandel Settings")},
+        {CommandReference, QStringLiteral("Voice Commands Reference")}};
+    for (const auto& [menuItem, title] : windows) {
+        choose(menuItem);
+        ASSERT_TRUE(waitForWindow(title));
+        screen_.close(window(title)->id);
+        ASSERT_TRUE(waitForNoWindow(title));
+        choose(menuItem);
+        ASSERT_TRUE(waitForWindow(title));
+        choose(menuItem);
+        EXPECT_TRUE(screen_.waitUntil([&] { return isInTheMiddle(title); }, patience));
+    }
 }
 
 TEST_P(Face, FurtherStarts_DriveTheRunningProgram) {
