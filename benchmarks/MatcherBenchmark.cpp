@@ -1,36 +1,11 @@
 // What one transcript costs the main thread. The recogniser delivers a few a second while somebody speaks.
 
+#include "AllocationCount.h"
 #include "engine/TranscriptMatcher.h"
-
-#include <benchmark/benchmark.h>
 
 #include <QString>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-std::atomic<long> allocationCount = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    allocationCount.fetch_add(1, std::memory_order_relaxed);
-    if (void* memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
+#include <benchmark/benchmark.h>
 
 namespace brivandel {
 namespace {
@@ -45,7 +20,8 @@ CustomCommandList customCommands(std::int64_t count) {
     for (std::int64_t index = 0; index < count; ++index) {
         CustomCommand command;
         command.name = QStringLiteral("Command %1").arg(index);
-        command.triggers = {QStringLiteral("mixdown number %1").arg(index), QStringLiteral("bounce %1 now").arg(index),
+        command.triggers = {QStringLiteral("mixdown number %1").arg(index),
+                            QStringLiteral("bounce %1 now").arg(index),
                             QStringLiteral("sidechain %1").arg(index)};
         commands.append(command);
     }
@@ -56,12 +32,12 @@ void match(benchmark::State& state, const QString& text) {
     TranscriptMatcher matcher;
     matcher.setCustomCommands(customCommands(state.range(0)));
     benchmark::DoNotOptimize(matcher.match(text)); // what is made on first use is made here
-    const long before = allocationCount;
+    const long before = allocationCount();
     for (auto iteration : state) {
         benchmark::DoNotOptimize(matcher.match(text));
     }
-    state.counters["allocations"] =
-        benchmark::Counter(static_cast<double>(allocationCount - before), benchmark::Counter::kAvgIterations);
+    state.counters["allocations"] = benchmark::Counter(static_cast<double>(allocationCount() - before),
+                                                       benchmark::Counter::kAvgIterations);
 }
 
 BENCHMARK_CAPTURE(match, nothing, unmatched)->Arg(0)->Arg(100)->Arg(1000);

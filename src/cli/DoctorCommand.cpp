@@ -1,12 +1,15 @@
 #include "cli/Subcommands.h"
 #include "cli/UserSettings.h"
+#include "listening/LastFailure.h"
 #include "platform/Diagnosis.h"
+#include "platform/PlatformFactory.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -18,6 +21,8 @@ struct DoctorOptions {
     std::string target;
     bool json = false;
 };
+
+constexpr int subjectWidth = 15;
 
 void print(const Finding& finding, bool json, std::ostream& out) {
     const bool isWell = finding.state == Finding::State::Well;
@@ -32,13 +37,29 @@ void print(const Finding& finding, bool json, std::ostream& out) {
         out << line.dump() << '\n';
         return;
     }
-    constexpr int subjectWidth = 15;
     out << (isWell ? "✓ " : "✗ ") << finding.subject.leftJustified(subjectWidth).toStdString() << ' '
         << finding.detail.toStdString();
     if (!isWell) {
         out << "; " << finding.remedy.toStdString();
     }
     out << '\n';
+}
+
+// What has happened, not how things stand: neither well nor wanting.
+void print(const std::optional<FailureRecord>& lastFailure, bool json, std::ostream& out) {
+    const QString subject = QStringLiteral("last failure");
+    if (!json) {
+        const QString text =
+            lastFailure ? lastFailure->when.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss  ")) +
+                              lastFailure->text
+                        : QStringLiteral("none");
+        out << "– " << subject.leftJustified(subjectWidth).toStdString() << ' ' << text.toStdString() << '\n';
+    } else if (lastFailure) {
+        const nlohmann::ordered_json line = {{"subject", subject.toStdString()},
+                                             {"when", lastFailure->when.toString(Qt::ISODate).toStdString()},
+                                             {"detail", lastFailure->text.toStdString()}};
+        out << line.dump() << '\n';
+    }
 }
 
 } // namespace
@@ -56,6 +77,7 @@ void addDoctorCommand(CLI::App& app, Subcommands& subcommands) {
         for (const Finding& finding : findings) {
             print(finding, options->json, terminal.out);
         }
+        print(readFailureRecord(lastFailurePath()), options->json, terminal.out);
         const bool isMissing = std::ranges::any_of(
             findings, [](const Finding& finding) { return finding.state == Finding::State::Missing; });
         return isMissing ? ExitStatus::failure : ExitStatus::success;

@@ -16,6 +16,9 @@ namespace brivandel {
 /// Where the user's settings are stored; the file need not be there.
 [[nodiscard]] QString userDefaultsPath();
 
+/// Where the last failure of listening is noted, which is no setting; the file need not be there.
+[[nodiscard]] QString lastFailurePath();
+
 /// The objects in a settings file, or in words why it cannot be read. One that is not there holds none.
 [[nodiscard]] std::variant<QVariantMap, QString> readDefaultsFile(const QString& path);
 

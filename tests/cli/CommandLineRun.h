@@ -29,6 +29,7 @@ protected:
     CommandLineTest() {
         qputenv("HOME", home_.path().toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", home_.filePath(QStringLiteral("config")).toLocal8Bit());
+        qputenv("XDG_STATE_HOME", home_.filePath(QStringLiteral("state")).toLocal8Bit());
     }
 
     static CommandLineResult run(const std::vector<const char*>& arguments, const std::string& input = {}) {

@@ -6,6 +6,7 @@
 #include "cli/listen/SilentServices.h"
 #include "cli/listen/StatusLine.h"
 #include "cli/listen/TerminalText.h"
+#include "listening/LastFailure.h"
 #include "listening/VoiceController.h"
 #include "platform/Lifeline.h"
 #include "platform/PlatformFactory.h"
@@ -88,6 +89,10 @@ int listenLive(const LiveListeningOptions& options, const Terminal& terminal) {
     });
     ObservedPlatform observed(options, report);
     VoiceController controller(observed.platform());
+    std::optional<LastFailure> lastFailure;
+    if (!options.dryRun) {
+        lastFailure.emplace(controller, lastFailurePath());
+    }
     const bool isOnTerminal = !options.json && isatty(STDOUT_FILENO) != 0;
     if (isOnTerminal) {
         statusLine.emplace(controller, terminal.out, terminalColumns);

@@ -18,6 +18,7 @@
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/ThreadWorkQueue.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <iostream>
@@ -51,6 +52,15 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
 
 QString userDefaultsPath() {
     return PropertyListDefaultsStore::defaultPath();
+}
+
+QString lastFailurePath() {
+    // Qt knows this folder from version 6.7 on only. A path that is not absolute counts for nothing there.
+    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!folder.startsWith(u'/')) {
+        folder = QDir::homePath() + QStringLiteral("/.local/state");
+    }
+    return folder + QStringLiteral("/brivandel/last-failure.json");
 }
 
 std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {

@@ -103,39 +103,43 @@ protected:
     static inline std::unique_ptr<InlineSpeechRecognition> recognition_;
 };
 
-TEST_F(SpeechTest, CanonicalPhrases_AreRecognisedAtEveryRateAndWithoutAWrongPartialResult) {
-    struct Format {
-        int rateHz;
-        std::uint32_t channelCount;
-    };
-    constexpr std::array formats = {Format{16000, 1}, Format{44100, 2}, Format{48000, 1},
-                                    Format{16000, 2}, Format{44100, 1}, Format{48000, 2}};
-    std::size_t turn = 0;
-    for (const QString& voice : {QStringLiteral("slt"), QStringLiteral("rms")}) {
-        for (const QString& phrase : canonicalPhrases()) {
-            const QString wanted = wakePhrase + u' ' + phrase;
-            for (const QStringList& parts :
-                 {QStringList{wakePhrase + QStringLiteral(", ") + phrase}, QStringList{wakePhrase, phrase}}) {
-                // Each phrase is heard in four of the six formats, each format thirteen times.
-                const Format format = formats[turn++ % formats.size()];
-                SCOPED_TRACE(QStringLiteral("%1, %2 Hz, %3 channels: %4")
-                                 .arg(voice)
-                                 .arg(format.rateHz)
-                                 .arg(format.channelCount)
-                                 .arg(parts.join(QStringLiteral(" ... ")))
-                                 .toStdString());
-                const Heard heard =
-                    listen(speech_->speak(voice, parts, 2s, format.rateHz, format.channelCount));
-                EXPECT_EQ(heard.final, wanted);
-                for (const QString& partial : heard.partials) {
-                    const QString trigger = triggerIn(partial);
-                    EXPECT_TRUE(trigger.isEmpty() || trigger == phrase) << qPrintable(partial);
-                }
+struct SpokenFormat {
+    const char* voice;
+    int rateHz;
+    std::uint32_t channelCount;
+};
+
+void PrintTo(const SpokenFormat& format, std::ostream* out) {
+    *out << format.voice << ", " << format.rateHz << " Hz, " << format.channelCount << " channels";
+}
+
+class SpokenFormatTest : public SpeechTest, public testing::WithParamInterface<SpokenFormat> {};
+
+TEST_P(SpokenFormatTest, CanonicalPhrases_AreRecognisedWithoutAWrongPartialResult) {
+    const auto [voice, rateHz, channelCount] = GetParam();
+    for (const QString& phrase : canonicalPhrases()) {
+        const QString wanted = wakePhrase + u' ' + phrase;
+        for (const QStringList& parts :
+             {QStringList{wakePhrase + QStringLiteral(", ") + phrase}, QStringList{wakePhrase, phrase}}) {
+            SCOPED_TRACE(parts.join(QStringLiteral(" ... ")).toStdString());
+            const Heard heard =
+                listen(speech_->speak(QString::fromLatin1(voice), parts, 2s, rateHz, channelCount));
+            EXPECT_EQ(heard.final, wanted);
+            for (const QString& partial : heard.partials) {
+                const QString trigger = triggerIn(partial);
+                EXPECT_TRUE(trigger.isEmpty() || trigger == phrase) << qPrintable(partial);
             }
         }
-        ++turn;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(VoicesAndFormats, SpokenFormatTest,
+                         testing::Values(SpokenFormat{"slt", 16000, 1}, SpokenFormat{"slt", 16000, 2},
+                                         SpokenFormat{"slt", 44100, 1}, SpokenFormat{"slt", 44100, 2},
+                                         SpokenFormat{"slt", 48000, 1}, SpokenFormat{"slt", 48000, 2},
+                                         SpokenFormat{"rms", 16000, 1}, SpokenFormat{"rms", 16000, 2},
+                                         SpokenFormat{"rms", 44100, 1}, SpokenFormat{"rms", 44100, 2},
+                                         SpokenFormat{"rms", 48000, 1}, SpokenFormat{"rms", 48000, 2}));
 
 TEST_F(SpeechTest, BarNumbers_AreWrittenInDigits) {
     const std::array<std::pair<QString, QString>, 5> numbers = {{

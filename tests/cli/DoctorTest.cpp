@@ -1,0 +1,53 @@
+#include "cli/CommandLineRun.h"
+
+#include <QTimeZone>
+
+#include <gmock/gmock.h>
+
+namespace brivandel {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+/// A system that has nothing: no sound server, no display, no session bus.
+class DoctorTest : public CommandLineTest {
+protected:
+    DoctorTest() {
+        qputenv("PULSE_SERVER", "unix:/nonexistent/pulse");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        qunsetenv("DISPLAY");
+        qputenv("TZ", "UTC");
+    }
+
+    void noteFailure(const QByteArray& json) const {
+        static_cast<void>(writeFile(QStringLiteral("state/brivandel/last-failure.json"), json));
+    }
+};
+
+TEST_F(DoctorTest, NothingThere_IsMissingAndSaysWhatToDo) {
+    const CommandLineResult result = run({"doctor"});
+    EXPECT_EQ(result.status, ExitStatus::failure);
+    EXPECT_THAT(result.out, HasSubstr("✗ sound server"));
+    EXPECT_THAT(result.out, HasSubstr("✗ display"));
+    EXPECT_THAT(result.out, HasSubstr("– last failure    none\n"));
+}
+
+TEST_F(DoctorTest, FailureNoted_IsShownWithItsTimeAndWithoutAMark) {
+    noteFailure(R"({"text": "Error: Not allowed.", "when": "2026-11-15T23:22:41Z"})");
+    EXPECT_THAT(run({"doctor"}).out,
+                HasSubstr("– last failure    2026-11-15 23:22:41  Error: Not allowed.\n"));
+    EXPECT_THAT(
+        run({"doctor", "--json"}).out,
+        HasSubstr(R"({"subject":"last failure","when":"2026-11-15T23:22:41Z","detail":"Error: Not allowed."})"
+                  "\n"));
+}
+
+TEST_F(DoctorTest, NoteThatCannotBeRead_IsNone) {
+    noteFailure("not json");
+    EXPECT_THAT(run({"doctor"}).out, HasSubstr("– last failure    none\n"));
+    EXPECT_THAT(run({"doctor", "--json"}).out, Not(HasSubstr("last failure")));
+}
+
+} // namespace
+} // namespace brivandel
