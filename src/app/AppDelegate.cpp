@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QLocale>
 
 #include <chrono>
 
@@ -36,10 +37,16 @@ const auto launchedBeforeKey = QStringLiteral("hasLaunchedBefore");
 } // namespace
 
 AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                         std::optional<Appearance> forcedAppearance)
+                         const QString& lastFailurePath, std::optional<Appearance> forcedAppearance)
     : platform_(platform)
     , desktop_(desktop)
     , voiceController_(voiceController)
+    , lastFailure_(voiceController, lastFailurePath,
+                   [&queue = *platform.mainQueue] {
+                       const auto sinceEpoch =
+                           std::chrono::floor<std::chrono::milliseconds>(queue.wallTime().time_since_epoch());
+                       return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
+                   })
     , forcedAppearance_(forcedAppearance)
     , desktopDefault_(appearanceOf(QApplication::palette())) {}
 
@@ -55,6 +62,7 @@ void AppDelegate::applicationDidFinishLaunching() {
         updateMenuIcon();
         updateMenu();
     });
+    connect(&lastFailure_, &LastFailure::changed, this, &AppDelegate::updateToolTip);
     makePopover();
     setupMenu();
 
@@ -149,8 +157,15 @@ void AppDelegate::updateMenuIcon() {
 }
 
 void AppDelegate::updateToolTip() {
-    statusItem_->setToolTip(voiceController_.isListening() ? QStringLiteral("Brivandel is listening")
-                                                           : QStringLiteral("Brivandel is not listening"));
+    QString text = voiceController_.isListening() ? QStringLiteral("Brivandel is listening")
+                                                  : QStringLiteral("Brivandel is not listening");
+    // The status message of a failure stands only until the next session starts.
+    if (const auto& failure = lastFailure_.record()) {
+        text +=
+            QStringLiteral("\nLast failure, %1: %2")
+                .arg(QLocale().toString(failure->when.toLocalTime(), QLocale::ShortFormat), failure->text);
+    }
+    statusItem_->setToolTip(text);
 }
 
 void AppDelegate::toggleListening() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LaunchRequest.h"
+#include "listening/LastFailure.h"
 #include "widgets/Appearance.h"
 
 #include <QColor>
@@ -26,9 +27,10 @@ struct Platform;
 class AppDelegate final : public QObject {
     Q_OBJECT
 public:
-    /// What the shell stands on must outlive it. forcedAppearance: light or dark whatever the desktop says.
+    /// What the shell stands on must outlive it. lastFailurePath: the file that keeps the last failure over
+    /// the end of the program. forcedAppearance: light or dark whatever the desktop says.
     AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                std::optional<Appearance> forcedAppearance = {});
+                const QString& lastFailurePath, std::optional<Appearance> forcedAppearance = {});
     ~AppDelegate() override;
 
     /// Once, when the event loop is about to run.
@@ -64,6 +66,7 @@ private:
     Platform& platform_;
     Desktop& desktop_;
     VoiceController& voiceController_;
+    LastFailure lastFailure_;
     std::optional<Appearance> forcedAppearance_;
     Appearance desktopDefault_; // where the desktop publishes no preference
 

@@ -5,6 +5,7 @@
 #include "listening/VoiceController.h"
 #include "platform/Desktop.h"
 #include "platform/Platform.h"
+#include "platform/PlatformFactory.h"
 #include "widgets/Symbol.h"
 
 #include <QApplication>
@@ -127,7 +128,7 @@ int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) 
 
     const auto desktop = makeDesktop();
     AppDelegate delegate(VoiceController::sharedPlatform(), *desktop, VoiceController::shared(),
-                         options.appearance);
+                         lastFailurePath(), options.appearance);
     QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QCoreApplication::quit);
     QObject::connect(&instance, &SingleInstance::requested, &delegate, &AppDelegate::handle);
     delegate.applicationDidFinishLaunching();

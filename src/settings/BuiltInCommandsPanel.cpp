@@ -92,10 +92,29 @@ void BuiltInCommandsPanel::editTriggers(VoiceCommand command) {
         return;
     }
     (*place)->setIsShowingTriggerEditor(true);
-    // The row has its place only after the layout has run.
-    commands_->widget()->layout()->activate();
-    commands_->widget()->adjustSize();
-    commands_->ensureWidgetVisible(*place);
+    revealing_ = *place;
+    if (isVisible()) {
+        reveal();
+    }
+}
+
+void BuiltInCommandsPanel::showEvent(QShowEvent* event) {
+    QSplitter::showEvent(event);
+    if (revealing_ != nullptr) {
+        // What is shown with this gets its size only afterwards.
+        QMetaObject::invokeMethod(this, &BuiltInCommandsPanel::reveal, Qt::QueuedConnection);
+    }
+}
+
+void BuiltInCommandsPanel::reveal() {
+    if (revealing_ == nullptr) {
+        return;
+    }
+    QWidget* content = commands_->widget();
+    content->layout()->activate();
+    content->resize(content->width(), content->heightForWidth(content->width()));
+    commands_->ensureWidgetVisible(revealing_);
+    revealing_ = nullptr;
 }
 
 } // namespace brivandel

@@ -2,8 +2,10 @@
 
 #include "commands/CommandCategory.h"
 #include "commands/VoiceCommand.h"
+#include "settings/BuiltInCommandRow.h"
 
 #include <QList>
+#include <QPointer>
 #include <QSplitter>
 
 class QScrollArea;
@@ -11,7 +13,6 @@ class QVBoxLayout;
 
 namespace brivandel {
 
-class BuiltInCommandRow;
 class ChoiceList;
 class VoiceController;
 
@@ -27,14 +28,19 @@ public:
     /// Shows the command with its trigger editor open.
     void editTriggers(VoiceCommand command);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void showCategory();
+    void reveal();
 
     VoiceController& controller_;
     ChoiceList* categories_;
     QScrollArea* commands_;
     QVBoxLayout* column_;
     QList<BuiltInCommandRow*> rows_;
+    QPointer<BuiltInCommandRow> revealing_;
 };
 
 } // namespace brivandel

@@ -146,8 +146,8 @@ void CustomCommandEditorView::addTrigger() {
     }
     triggers_ += phrase;
     newTrigger_->clear();
-    gridArea_->revealEnd();
     showTriggers();
+    gridArea_->revealEnd();
 }
 
 void CustomCommandEditorView::removeTrigger(const QString& phrase) {

@@ -2,6 +2,7 @@
 
 #include "widgets/Button.h"
 #include "widgets/FlowLayout.h"
+#include "widgets/FocusOrder.h"
 
 #include <utility>
 
@@ -11,7 +12,7 @@ TriggerTagsGrid::TriggerTagsGrid(const ChipLook& look, const TriggerGridColumns&
     : QWidget(parent)
     , look_(look) {
     setLayout(new FlowLayout(columns.minimumWidth, columns.spacing));
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
@@ -54,14 +55,13 @@ void TriggerTagsGrid::setTriggers(const QStringList& triggers) {
 }
 
 void TriggerTagsGrid::orderFocus() {
-    // The keyboard comes to the crosses where the grid is, not after all that was there before them.
-    QWidget* previous = this;
+    QList<QWidget*> crosses;
     for (const Chip* chip : std::as_const(chips_)) {
         if (auto* cross = chip->findChild<Button*>()) {
-            setTabOrder(previous, cross);
-            previous = cross;
+            crosses += cross;
         }
     }
+    orderFocusInside(*this, crosses);
 }
 
 void TriggerTagsGrid::dismiss(Chip* chip) {

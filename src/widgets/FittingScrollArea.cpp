@@ -4,8 +4,6 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 
-#include <utility>
-
 namespace brivandel {
 
 namespace {
@@ -21,15 +19,13 @@ FittingScrollArea::FittingScrollArea(QWidget* content, QWidget* parent) : QScrol
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     setWidget(content);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*minimum*/, int maximum) {
-        if (std::exchange(endIsWanted_, false)) {
-            verticalScrollBar()->setValue(maximum);
-        }
-    });
 }
 
 void FittingScrollArea::revealEnd() {
-    endIsWanted_ = true;
+    // After the layout that the new content has asked for.
+    QMetaObject::invokeMethod(
+        this, [this] { verticalScrollBar()->setValue(verticalScrollBar()->maximum()); },
+        Qt::QueuedConnection);
 }
 
 // A layout never makes a widget lower than its height for the width, so this has none and asks again when the

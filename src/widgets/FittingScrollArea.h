@@ -23,8 +23,6 @@ protected:
 
 private:
     [[nodiscard]] int contentHeight() const;
-
-    bool endIsWanted_ = false;
 };
 
 } // namespace brivandel

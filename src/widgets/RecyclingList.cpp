@@ -1,5 +1,6 @@
 #include "widgets/RecyclingList.h"
 
+#include "widgets/FocusOrder.h"
 #include "widgets/RecyclingListAccess.h"
 #include "widgets/RowFrame.h"
 
@@ -240,15 +241,15 @@ RecyclingList::ShownRows::iterator RecyclingList::retire(ShownRows::iterator ent
 }
 
 void RecyclingList::orderFocus() {
-    QWidget* previous = this;
+    QList<QWidget*> controls;
     for (const auto& [row, frame] : shown_) {
         for (QWidget* control : frame->findChildren<QWidget*>()) {
             if ((control->focusPolicy() & Qt::TabFocus) != 0) {
-                setTabOrder(previous, control);
-                previous = control;
+                controls += control;
             }
         }
     }
+    orderFocusInside(*this, controls);
 }
 
 void RecyclingList::followFocus(QWidget* focused) {

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -59,7 +60,9 @@ protected:
 
     ScriptedListening listening;
     ScriptedDesktop scripted = makeScriptedDesktop();
-    AppDelegate delegate{*listening.scripted.platform, *scripted.desktop, listening.controller};
+    QTemporaryDir folder;
+    AppDelegate delegate{*listening.scripted.platform, *scripted.desktop, listening.controller,
+                         folder.filePath(QStringLiteral("last-failure.json"))};
 };
 
 TEST_F(AppDelegateTest, FirstLaunch_ShowsTheWalkthroughAndRemembers) {

@@ -1,5 +1,4 @@
 #include "settings/KeyCapturePillView.h"
-
 #include "settings/SettingsTest.h"
 #include "widgets/PillButton.h"
 
@@ -84,12 +83,8 @@ TEST_F(KeyCaptureTest, KeyWithModifiers_IsTaken) {
 
 TEST_F(KeyCaptureTest, EachModifier_HasItsBit) {
     const std::initializer_list<std::pair<Qt::KeyboardModifier, std::int64_t>> bits = {
-        {Qt::ShiftModifier, 0x20000},
-        {Qt::MetaModifier, 0x40000},
-        {Qt::AltModifier, 0x80000},
-        {Qt::ControlModifier, 0x100000},
-        {Qt::KeypadModifier, 0},
-        {Qt::GroupSwitchModifier, 0}};
+        {Qt::ShiftModifier, 0x20000},    {Qt::MetaModifier, 0x40000}, {Qt::AltModifier, 0x80000},
+        {Qt::ControlModifier, 0x100000}, {Qt::KeypadModifier, 0},     {Qt::GroupSwitchModifier, 0}};
     for (const auto& [modifier, bit] : bits) {
         click();
         press({40, Qt::Key_K, modifier});

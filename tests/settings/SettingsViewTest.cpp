@@ -141,13 +141,13 @@ TEST_F(SettingsViewTest, WakeWordChangedInTheMiddle_KeepsTheCursor) {
 }
 
 TEST_F(SettingsViewTest, WakeWordOfAnyKind_IsShownAsItIs) {
-    for (const auto& word :
-         {QStringLiteral("<b>hey</b>"), QStringLiteral("%1 %2"), QStringLiteral("שלום"), QString(10000, u'x'),
-          QStringLiteral("one\ntwo"), QString()}) {
+    for (const auto& word : {QStringLiteral("<b>hey</b>"), QStringLiteral("%1 %2"), QStringLiteral("שלום"),
+                             QString(10000, u'x'), QStringLiteral("one\ntwo"), QString()}) {
         controller().setWakeWord(word);
         turnOfTheLoop();
         EXPECT_EQ(wakeWord().text(), word);
-        EXPECT_EQ(hint().text(), QStringLiteral("Say '") + word + QStringLiteral("' to activate voice commands"));
+        EXPECT_EQ(hint().text(),
+                  QStringLiteral("Say '") + word + QStringLiteral("' to activate voice commands"));
         EXPECT_EQ(hint().textFormat(), Qt::PlainText);
         EXPECT_LE(hint().mapTo(&*view, QPoint(hint().width(), 0)).x(), 500);
         EXPECT_LE(timeout().mapTo(&*view, QPoint(0, timeout().height())).y(), 500);
@@ -174,10 +174,9 @@ TEST_F(SettingsViewTest, Switch_WorksByKeyboard) {
 }
 
 TEST_F(SettingsViewTest, Timeout_OffersSixTimes) {
-    EXPECT_EQ(choices(timeout()),
-              QStringList({QStringLiteral("1 minute"), QStringLiteral("5 minutes"), QStringLiteral("10 minutes"),
-                           QStringLiteral("15 minutes"), QStringLiteral("30 minutes"),
-                           QStringLiteral("60 minutes")}));
+    EXPECT_EQ(choices(timeout()), QStringList({QStringLiteral("1 minute"), QStringLiteral("5 minutes"),
+                                               QStringLiteral("10 minutes"), QStringLiteral("15 minutes"),
+                                               QStringLiteral("30 minutes"), QStringLiteral("60 minutes")}));
     const std::initializer_list<std::pair<int, qlonglong>> stored_ = {{0, 1},  {1, 5},  {2, 10},
                                                                       {3, 15}, {4, 30}, {5, 60}};
     for (const auto& [index, minutes] : stored_) {
@@ -204,7 +203,8 @@ TEST_F(SettingsViewTest, TurningWheel_ChangesNoChoice) {
 }
 
 TEST_F(SettingsViewTest, ToolTipsAndTexts_StandToTheCharacter) {
-    EXPECT_EQ(wakeWord().toolTip(), QStringLiteral("Say this phrase to activate listening (e.g., 'hey logic')"));
+    EXPECT_EQ(wakeWord().toolTip(),
+              QStringLiteral("Say this phrase to activate listening (e.g., 'hey logic')"));
     EXPECT_EQ(wakeWord().placeholderText(), QStringLiteral("Wake word"));
     EXPECT_EQ(toggle("audioFeedback").toolTip(), QStringLiteral("Play a sound when commands are executed"));
     EXPECT_EQ(toggle("idleReminder").toolTip(),
@@ -225,13 +225,14 @@ TEST_F(SettingsViewTest, ToolTipsAndTexts_StandToTheCharacter) {
           QStringLiteral("If using an audio interface:"),
           QStringLiteral("• Connect your microphone to the interface"),
           QStringLiteral("• Select your interface from the list above"),
-          QStringLiteral("• Both Logic and this app can listen to the same input"), QStringLiteral("Version 1.4"),
-          QStringLiteral("Hands-free recording for solo musicians"),
+          QStringLiteral("• Both Logic and this app can listen to the same input"),
+          QStringLiteral("Version 1.4"), QStringLiteral("Hands-free recording for solo musicians"),
           QStringLiteral("Control Logic Pro with voice commands while you play"),
           QStringLiteral("Your Privacy is Protected"),
-          QStringLiteral("All speech recognition is performed on-device by Apple's Speech framework. No audio is "
-                         "ever recorded, stored, or transmitted off your computer. This app collects zero user "
-                         "data.")}) {
+          QStringLiteral(
+              "All speech recognition is performed on-device by Apple's Speech framework. No audio is "
+              "ever recorded, stored, or transmitted off your computer. This app collects zero user "
+              "data.")}) {
         EXPECT_TRUE(texts.contains(text)) << text.toStdString();
     }
 }
@@ -248,9 +249,8 @@ TEST_F(SettingsViewTest, About_ShowsTheLogoAndWholeTexts) {
 }
 
 TEST_F(SettingsViewTest, Devices_AreChosenByTheirIdentity) {
-    EXPECT_EQ(choices(device()),
-              QStringList({QStringLiteral("System Default"), QStringLiteral("Built-in"),
-                           QStringLiteral("<b>USB</b>")}));
+    EXPECT_EQ(choices(device()), QStringList({QStringLiteral("System Default"), QStringLiteral("Built-in"),
+                                              QStringLiteral("<b>USB</b>")}));
     pick(device(), 2);
     EXPECT_EQ(stored("audioDevice"), QStringLiteral("uid-b"));
     EXPECT_EQ(controller().selectedAudioDevice(), QStringLiteral("uid-b"));
