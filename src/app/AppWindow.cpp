@@ -1,5 +1,7 @@
 #include "app/AppWindow.h"
 
+#include "widgets/AccessibleRole.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QShortcut>
@@ -11,6 +13,7 @@ AppWindow::AppWindow(const QString& title, const QSize& size, Resizing resizing,
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowCloseButtonHint) {
     setWindowTitle(title);
+    setAccessibleRole(*this, QAccessible::Window);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     setView(view);

@@ -1,5 +1,6 @@
 #include "app/Popover.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/Colors.h"
 
 #include <QApplication>
@@ -31,6 +32,7 @@ Popover::Popover(QWidget* content, PointerPresses& presses, MainQueue& mainQueue
     , presses_(presses)
     , mainQueue_(mainQueue) {
     setObjectName(QStringLiteral("popover"));
+    setAccessibleRole(*this, QAccessible::Dialog);
     setWindowTitle(QStringLiteral("Brivandel"));
     setFocusPolicy(Qt::StrongFocus); // the keyboard comes here first, and no control looks chosen
     auto* layout = new QVBoxLayout(this);

@@ -1,5 +1,6 @@
 #include "widgets/Badge.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/TextStyle.h"
 
 #include <QPainter>
@@ -16,6 +17,7 @@ constexpr double plateOpacity = 0.14;
 } // namespace
 
 Badge::Badge(QWidget* parent) : QWidget(parent) {
+    setAccessibleRole(*this, QAccessible::StaticText);
     setFont(interfaceFont(9, QFont::Bold));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -1,5 +1,6 @@
 #include "widgets/PageDots.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/Colors.h"
 
 #include <QPainter>
@@ -16,6 +17,7 @@ constexpr double otherOpacity = 0.3;
 
 PageDots::PageDots(int pageCount, QWidget* parent) : QWidget(parent), pageCount_(pageCount) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAccessibleRole(*this, QAccessible::Graphic);
     setCurrentPage(0);
 }
 

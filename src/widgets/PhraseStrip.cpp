@@ -1,5 +1,7 @@
 #include "widgets/PhraseStrip.h"
 
+#include "widgets/AccessibleRole.h"
+
 #include <QPainter>
 #include <QTextDocument>
 
@@ -20,6 +22,7 @@ PhraseStrip::PhraseStrip(ChipLook look, NamedColor tint, QWidget* parent)
     : QWidget(parent)
     , look_(std::move(look))
     , tint_(tint) {
+    setAccessibleRole(*this, QAccessible::StaticText);
     setFont(look_.font);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }

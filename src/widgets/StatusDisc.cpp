@@ -1,5 +1,6 @@
 #include "widgets/StatusDisc.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/Symbol.h"
 
 #include <QPainter>
@@ -39,6 +40,7 @@ void paintShadow(QPainter& painter, const QPointF& center, double discRadius, co
 
 StatusDisc::StatusDisc(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAccessibleRole(*this, QAccessible::Graphic);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     following_.setDuration(static_cast<int>(followingTime.count()));
     following_.setEasingCurve(QEasingCurve::OutQuad);

@@ -1,6 +1,5 @@
 #include "widgets/Theme.h"
 
-#include "widgets/AccessibleGraphic.h"
 #include "widgets/TextStyle.h"
 #include "widgets/ThemeStyle.h"
 
@@ -11,7 +10,6 @@ namespace brivandel {
 void applyTheme(QApplication& application, Appearance appearance) {
     if (qobject_cast<ThemeStyle*>(QApplication::style()) == nullptr) {
         QApplication::setStyle(new ThemeStyle); // the application owns it
-        installAccessibleGraphics();
         QApplication::setFont(textFont(TextStyle::Body));
     }
     application.setPalette(paletteFor(appearance));
