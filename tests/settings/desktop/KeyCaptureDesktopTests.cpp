@@ -342,8 +342,7 @@ TEST_F(SpokenShortcutTest, CapturedSavedLoadedSpoken_ArrivesAsTheSameKey) {
     }
     ASSERT_EQ(storedCommands()->size(), 1);
 
-    startProgram();
-    scripted().platform->scriptHost = makeHost();
+    startProgram([](Platform& platform) { platform.scriptHost = makeHost(); });
     scripted().permissions.answerSpeech(SpeechAuthorization::Authorized);
     scripted().permissions.answerMicrophone(true);
     scripted().mainQueue.runDue();
