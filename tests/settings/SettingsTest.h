@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -65,11 +66,15 @@ class SettingsTest : public ::testing::Test {
 protected:
     SettingsTest() { startProgram(); }
 
-    void startProgram() {
+    /// As after a restart; change may put other services into the platform first.
+    void startProgram(const std::function<void(Platform&)>& change = {}) {
         controller_.reset();
         scripted_.emplace(makeScriptedPlatform([](auto, auto) {}));
         scripted_->platform->defaults = std::make_unique<PropertyListDefaultsStore>(
             path(), *scripted_->platform->log, nullptr, [](const QString&) {});
+        if (change) {
+            change(*scripted_->platform);
+        }
         controller_ = std::make_unique<VoiceController>(*scripted_->platform);
     }
 
