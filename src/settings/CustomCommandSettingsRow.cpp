@@ -68,13 +68,13 @@ CustomCommandSettingsRow::CustomCommandSettingsRow(QWidget* parent)
     row->addWidget(plate);
     row->addWidget(pencil_);
 
-    connect(enabled_, &Switch::clicked, this, [this](bool on) { Q_EMIT enabledChanged(id_, on); });
+    connect(enabled_, &Switch::switched, this, [this](bool on) { Q_EMIT enabledChanged(id_, on); });
     connect(pencil_, &Button::clicked, this, [this] { Q_EMIT editRequested(id_); });
 }
 
 void CustomCommandSettingsRow::setCommand(const CustomCommand& command) {
     id_ = command.id;
-    enabled_->setChecked(command.isEnabled);
+    enabled_->showState(command.isEnabled);
     enabled_->setAccessibleName(QStringLiteral("Enable %1").arg(command.name));
     name_->setText(command.name);
     triggers_->setPhrases(command.triggers);

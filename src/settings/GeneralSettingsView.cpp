@@ -90,13 +90,13 @@ QWidget* GeneralSettingsView::makeWakeWordRow() {
 }
 
 void GeneralSettingsView::bindControls() {
-    connect(useWakeWord_, &Switch::clicked, &controller_, &VoiceController::setUseWakeWord);
+    connect(useWakeWord_, &Switch::switched, &controller_, &VoiceController::setUseWakeWord);
     connect(wakeWord_, &TextField::textEdited, &controller_, &VoiceController::setWakeWord);
-    connect(audioFeedback_, &Switch::clicked, &controller_, &VoiceController::setAudioFeedbackEnabled);
+    connect(audioFeedback_, &Switch::switched, &controller_, &VoiceController::setAudioFeedbackEnabled);
     connect(timeout_, &MenuPicker::activated, this,
             [this](int index) { controller_.setIdleTimeoutMinutes(timeout_->itemData(index).toLongLong()); });
-    connect(idleReminder_, &Switch::clicked, &controller_, &VoiceController::setIdleReminderEnabled);
-    connect(autoDisable_, &Switch::clicked, &controller_, &VoiceController::setAutoDisableOnIdle);
+    connect(idleReminder_, &Switch::switched, &controller_, &VoiceController::setIdleReminderEnabled);
+    connect(autoDisable_, &Switch::switched, &controller_, &VoiceController::setAutoDisableOnIdle);
 }
 
 void GeneralSettingsView::followController() {
@@ -109,17 +109,17 @@ void GeneralSettingsView::followController() {
 }
 
 void GeneralSettingsView::showSettings() {
-    useWakeWord_->setChecked(controller_.useWakeWord());
+    useWakeWord_->showState(controller_.useWakeWord());
     wakeWordRow_->setHidden(!controller_.useWakeWord());
     // Setting a text moves the cursor, which whoever types would notice.
     if (wakeWord_->text() != controller_.wakeWord()) {
         wakeWord_->setText(controller_.wakeWord());
     }
     wakeWordHint_->setText(QStringLiteral("Say '%1' to activate voice commands").arg(controller_.wakeWord()));
-    audioFeedback_->setChecked(controller_.audioFeedbackEnabled());
+    audioFeedback_->showState(controller_.audioFeedbackEnabled());
     timeout_->showValue(controller_.idleTimeoutMinutes());
-    idleReminder_->setChecked(controller_.idleReminderEnabled());
-    autoDisable_->setChecked(controller_.autoDisableOnIdle());
+    idleReminder_->showState(controller_.idleReminderEnabled());
+    autoDisable_->showState(controller_.autoDisableOnIdle());
 }
 
 } // namespace brivandel

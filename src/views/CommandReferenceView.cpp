@@ -148,6 +148,7 @@ QWidget* CommandReferenceView::makeDetailPane() {
     title_->setFont(textFont(TextStyle::Title2, QFont::Bold));
     copied_->setObjectName(QStringLiteral("copied"));
     copied_->setMaximumLines(1);
+    copied_->hide();
     list_->setObjectName(QStringLiteral("list"));
     list_->setAccessibleName(QStringLiteral("Commands"));
 
@@ -164,8 +165,8 @@ QWidget* CommandReferenceView::makeDetailPane() {
     auto* header = new QHBoxLayout;
     header->setContentsMargins(defaultPadding, 0, defaultPadding, 0);
     header->addWidget(title_);
-    header->addWidget(copied_, 1);
-    copied_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    header->addStretch();
+    header->addWidget(copied_);
     stack->addLayout(header);
     stack->addWidget(list_, 1);
     return pane;
@@ -185,7 +186,8 @@ void CommandReferenceView::showItems() {
 void CommandReferenceView::copy(const QString& phrase) {
     QGuiApplication::clipboard()->setText(phrase);
     copied_->setText(QStringLiteral("Copied “%1”").arg(phrase));
-    copiedNotice_ = mainQueue_.startTimer(copiedNoticeTime, [this] { copied_->clear(); });
+    copied_->show();
+    copiedNotice_ = mainQueue_.startTimer(copiedNoticeTime, [this] { copied_->hide(); });
 }
 
 int CommandReferenceView::rowCount() const {

@@ -146,7 +146,7 @@ QWidget* QuickControlView::makeWakePhraseRow() {
     useWakeWord_->setObjectName(QStringLiteral("useWakeWord"));
     useWakeWord_->setAccessibleName(title);
     useWakeWord_->setControlSize(ControlSize::Small);
-    connect(useWakeWord_, &Switch::clicked, &controller_, &VoiceController::setUseWakeWord);
+    connect(useWakeWord_, &Switch::switched, &controller_, &VoiceController::setUseWakeWord);
     row->addWidget(useWakeWord_);
     return element;
 }
@@ -195,7 +195,7 @@ void QuickControlView::redraw() {
     lastTranscript_->setText(controller_.lastTranscript());
     heardBox_->setVisible(!controller_.lastTranscript().isEmpty());
 
-    useWakeWord_->setChecked(controller_.useWakeWord());
+    useWakeWord_->showState(controller_.useWakeWord());
     wakePhraseHint_->setText(controller_.useWakeWord()
                                  ? QStringLiteral("Say \"Hey Logic\" before each command")
                                  : QStringLiteral("Speak commands directly"));

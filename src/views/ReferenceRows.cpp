@@ -6,6 +6,7 @@
 #include "widgets/PhraseStrip.h"
 
 #include <QHBoxLayout>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace brivandel {
@@ -164,7 +165,7 @@ CustomCommandReferenceRow::CustomCommandReferenceRow(QWidget* parent)
     inBox->setContentsMargins(8, 8, 8, 8);
     inBox->addWidget(scriptText_);
     stack->addWidget(scriptBox_);
-    connect(toggle_, &Button::clicked, this, [this](bool showing) {
+    connect(toggle_, &Button::toggled, this, [this](bool showing) {
         showScript(showing);
         Q_EMIT showingAppleScriptChanged(id_, showing);
     });
@@ -177,6 +178,7 @@ void CustomCommandReferenceRow::setCommand(const CustomCommand& command, bool sh
     shortcut_->setText(command.capturedKey.displayString);
     disabled_->setHidden(command.isEnabled);
     script_ = command.capturedKey.appleScript; // the whole of it, as it is sent
+    const QSignalBlocker nobodyToggledIt(toggle_);
     toggle_->setChecked(showingAppleScript);
     toggle_->setAccessibleDescription(command.name);
     showScript(showingAppleScript);

@@ -4,6 +4,7 @@
 #include "widgets/ThemeStyle.h"
 
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace brivandel {
 
@@ -16,7 +17,13 @@ constexpr int gap = 10;
 Switch::Switch(const QString& text, QWidget* parent) : QCheckBox(text, parent) {
     setFont(textFont(TextStyle::Body));
     setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QCheckBox::toggled, this, &Switch::switched);
     setSizePolicy(text.isEmpty() ? QSizePolicy::Fixed : QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+}
+
+void Switch::showState(bool on) {
+    const QSignalBlocker quietly(this);
+    setChecked(on);
 }
 
 void Switch::setControlSize(ControlSize size) {

@@ -17,9 +17,15 @@ public:
     explicit Switch(const QString& text = {}, QWidget* parent = nullptr);
 
     void setControlSize(ControlSize size);
+    /// Shows which way it stands; nobody has switched it.
+    void showState(bool on);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user has switched it: by a click, a key, or assistive technology, which clicks nothing.
+    void switched(bool on);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

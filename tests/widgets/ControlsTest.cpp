@@ -42,6 +42,23 @@ TEST(Switch, ClickedAnywhereOrPressedBySpace_Flips) {
     EXPECT_TRUE(control.isChecked());
 }
 
+TEST(Switch, SwitchedByAssistiveTechnology_SaysSo) {
+    Switch control(QStringLiteral("Use wake word"));
+    const QSignalSpy switches(&control, &Switch::switched);
+    QAccessible::queryAccessibleInterface(&control)->actionInterface()->doAction(
+        QAccessibleActionInterface::toggleAction());
+    ASSERT_EQ(switches.size(), 1);
+    EXPECT_EQ(switches[0][0], QVariant(true));
+}
+
+TEST(Switch, ShownAsItStands_WasNotSwitched) {
+    Switch control(QStringLiteral("Use wake word"));
+    const QSignalSpy switches(&control, &Switch::switched);
+    control.showState(true);
+    EXPECT_TRUE(control.isChecked());
+    EXPECT_TRUE(switches.isEmpty());
+}
+
 TEST(Button, OfASymbolAlone_SaysItsPurpose) {
     const std::unique_ptr<Button> button(
         Button::withSymbol(QStringLiteral("pencil"), QStringLiteral("Edit")));
