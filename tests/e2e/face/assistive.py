@@ -70,9 +70,6 @@ class Element:
     def write(self, text):
         Atspi.EditableText.set_text_contents(self.accessible, text)
 
-    def choose(self, index):
-        Atspi.Selection.select_child(self.accessible, index)
-
 
 class Desktop:
     """Waits for what happens, by listening to it."""
