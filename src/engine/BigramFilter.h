@@ -7,9 +7,9 @@
 
 namespace brivandel {
 
-/// Tells quickly that a text cannot hold a phrase: the text's pairs of neighbouring characters are noted once, and a
-/// phrase of which one pair was not noted is not in it. Searching for each of some forty triggers, nearly all of them
-/// absent, takes ten times as long.
+/// Tells quickly that a text cannot hold a phrase: the text's pairs of neighbouring characters are noted
+/// once, and a phrase of which one pair was not noted is not in it. Searching for each of some forty
+/// triggers, nearly all of them absent, takes ten times as long.
 class BigramFilter {
 public:
     explicit BigramFilter(QStringView text) {

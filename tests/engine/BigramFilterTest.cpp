@@ -1,8 +1,8 @@
 #include "engine/BigramFilter.h"
 
-#include <gtest/gtest.h>
-
 #include <QString>
+
+#include <gtest/gtest.h>
 
 #include <random>
 
