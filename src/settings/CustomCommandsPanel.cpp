@@ -57,7 +57,7 @@ CustomCommandsPanel::~CustomCommandsPanel() {
     delete list_; // it asks this for its rows
 }
 
-QWidget* CustomCommandsPanel::makeHeader() {
+QWidget* CustomCommandsPanel::makeHeader() const {
     auto* add = new Button(QStringLiteral("Add Command"), ButtonStyle::Prominent);
     add->setObjectName(QStringLiteral("addCommand"));
     add->setSymbol(QStringLiteral("plus"));
@@ -128,9 +128,9 @@ void CustomCommandsPanel::setIsEnabled(const QUuid& id, bool enabled) {
 
 void CustomCommandsPanel::deleteRows(const QList<int>& rows) {
     CustomCommandList commands = controller_.customCommands();
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        if (*row < commands.size()) {
-            commands.removeAt(*row);
+    for (qsizetype index = rows.size() - 1; index >= 0; --index) {
+        if (rows.at(index) < commands.size()) {
+            commands.removeAt(rows.at(index));
         }
     }
     controller_.setCustomCommands(commands);

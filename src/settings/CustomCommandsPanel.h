@@ -30,7 +30,7 @@ Q_SIGNALS:
     void editRequested(const brivandel::CustomCommand& command);
 
 private:
-    [[nodiscard]] QWidget* makeHeader();
+    [[nodiscard]] QWidget* makeHeader() const;
     [[nodiscard]] QWidget* makeEmptyState();
     void showCommands();
     void requestEdit(const QUuid& id);

@@ -8,9 +8,9 @@
 
 namespace brivandel {
 
-TriggerTagsGrid::TriggerTagsGrid(const ChipLook& look, const TriggerGridColumns& columns, QWidget* parent)
+TriggerTagsGrid::TriggerTagsGrid(ChipLook look, const TriggerGridColumns& columns, QWidget* parent)
     : QWidget(parent)
-    , look_(look) {
+    , look_(std::move(look)) {
     setLayout(new FlowLayout(columns.minimumWidth, columns.spacing));
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);

@@ -18,7 +18,7 @@ struct TriggerGridColumns {
 class TriggerTagsGrid final : public QWidget {
     Q_OBJECT
 public:
-    TriggerTagsGrid(const ChipLook& look, const TriggerGridColumns& columns, QWidget* parent = nullptr);
+    TriggerTagsGrid(ChipLook look, const TriggerGridColumns& columns, QWidget* parent = nullptr);
 
     /// A phrase that was there before keeps its chip, and the keyboard's focus on it.
     void setTriggers(const QStringList& triggers);
