@@ -4,10 +4,12 @@
 #include "widgets/Symbol.h"
 
 #include <QPainter>
+#include <QPixmapCache>
 #include <QRadialGradient>
 
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace brivandel {
 
@@ -17,6 +19,8 @@ using namespace std::chrono_literals;
 
 constexpr int symbolSide = 28; // what a symbol of a 24-point font measures
 constexpr auto followingTime = 100ms;
+// From the smallest disc to the largest it is 11 pixels; a sixth of one is seen at twice the density.
+constexpr int visibleSteps = 64;
 
 // The edge of a blurred disc: half as dense at its rim, gone at one blur radius outside it.
 void paintShadow(QPainter& painter, const QPointF& center, double discRadius, const DiscShadow& shadow,
@@ -45,8 +49,11 @@ StatusDisc::StatusDisc(QWidget* parent) : QWidget(parent) {
     following_.setDuration(static_cast<int>(followingTime.count()));
     following_.setEasingCurve(QEasingCurve::OutQuad);
     connect(&following_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        shownLevel_ = value.toDouble();
-        update();
+        const double level = value.toDouble();
+        if (std::round(level * visibleSteps) !=
+            std::round(std::exchange(shownLevel_, level) * visibleSteps)) {
+            update();
+        }
     });
 }
 
@@ -107,21 +114,43 @@ void StatusDisc::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
-void StatusDisc::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+// Blurred edges are the dear part, and a voice moves the disc sixty times a second: each of the sizes that
+// the eye can tell apart is painted once and kept.
+QPixmap StatusDisc::picture(double level) const {
+    const double density = devicePixelRatioF();
+    const QColor fill = fillColor(color_, appearanceOf(palette()));
+    const QString key = QStringLiteral("status-disc %1 %2 %3 %4 %5")
+                            .arg(fill.rgba())
+                            .arg(symbol_)
+                            .arg(isLive_)
+                            .arg(level)
+                            .arg(density);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) {
+        return picture;
+    }
+    picture = QPixmap(size() * density);
+    picture.setDevicePixelRatio(density);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     const QPointF center = QRectF(rect()).center();
-    const double size = scaleAt(shownLevel_);
+    const double size = scaleAt(level);
     const double radius = restingDiameter * size / 2;
-    const QColor fill = fillColor(color_, appearanceOf(palette()));
-    paintShadow(painter, center, radius, secondShadowAt(shownLevel_), fill);
-    paintShadow(painter, center, radius, firstShadowAt(shownLevel_), fill);
+    paintShadow(painter, center, radius, secondShadowAt(level), fill);
+    paintShadow(painter, center, radius, firstShadowAt(level), fill);
     painter.setBrush(fill);
     painter.drawEllipse(center, radius, radius);
-
     QRectF square(0, 0, symbolSide * size, symbolSide * size);
     square.moveCenter(center);
     paintSymbol(painter, symbol_, square, Qt::white);
+    painter.end();
+    QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+void StatusDisc::paintEvent(QPaintEvent* /*event*/) {
+    QPainter(this).drawPixmap(0, 0, picture(std::round(shownLevel_ * visibleSteps) / visibleSteps));
 }
 
 } // namespace brivandel

@@ -2,6 +2,7 @@
 
 #include "widgets/Colors.h"
 
+#include <QPixmap>
 #include <QString>
 #include <QVariantAnimation>
 #include <QWidget>
@@ -46,6 +47,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    [[nodiscard]] QPixmap picture(double level) const;
     [[nodiscard]] double scaleAt(double level) const;
     [[nodiscard]] DiscShadow firstShadowAt(double level) const;
     [[nodiscard]] DiscShadow secondShadowAt(double level) const;
