@@ -255,6 +255,24 @@ TEST_P(Face, FurtherStarts_DriveTheRunningProgram) {
     EXPECT_EQ(program_->end(), 0);
 }
 
+// A desktop without any tray.
+class BareFace : public Face {};
+
+TEST_P(BareFace, FurtherStart_OpensThePopoverAndEscapeClosesIt) {
+    startProgram();
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_EQ(run(builtProgram(QStringLiteral("brivandel")), {}), 0);
+        ASSERT_TRUE(waitForPopover());
+        EXPECT_TRUE(screen_.geometry().contains(popover()->geometry));
+        screen_.click(popover()->geometry.center()); // the keyboard goes where the pointer was
+        screen_.press(XK_Escape);
+        ASSERT_TRUE(waitForNoPopover());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(WithoutATray, BareFace, testing::Values(Tray::XEmbed),
+                         [](const auto&) { return "NoTray"; });
+
 INSTANTIATE_TEST_SUITE_P(Trays, Face, testing::Values(Tray::XEmbed, Tray::StatusNotifier),
                          [](const auto& tray) {
                              return tray.param == Tray::XEmbed ? "XEmbed" : "StatusNotifier";
