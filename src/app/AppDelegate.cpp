@@ -78,6 +78,10 @@ void AppDelegate::applicationDidFinishLaunching() {
 void AppDelegate::handle(LaunchRequest request) {
     switch (request) {
     case LaunchRequest::None:
+        if (!popover_->isVisible()) {
+            togglePopover();
+        }
+        break;
     case LaunchRequest::Popover:
         togglePopover();
         break;
@@ -184,6 +188,10 @@ void AppDelegate::togglePopover() {
         popover_->close();
         return;
     }
+    // A menu that the panel shows: the press on its item was one outside the popover.
+    if (statusItem_->place().isEmpty() && popover_->wasJustPressedAway()) {
+        return;
+    }
     popover_->setItemPlace(statusItem_->place());
     popover_->showBeside(popoverAnchor());
 }
@@ -237,7 +245,7 @@ void AppDelegate::showWelcomeWindow() {
     welcomeWindow_->present();
 }
 
-void AppDelegate::sayThatThereIsNoStatusArea() {
+void AppDelegate::sayThatThereIsNoStatusArea() const {
     if (!desktop_.statusArea->isThere()) {
         platform_.notifier->deliver(
             {QStringLiteral("noStatusArea"), QStringLiteral("Brivandel is running"),

@@ -60,7 +60,7 @@ private:
     void updateMenuIcon();
     void updateToolTip();
     void followAppearance();
-    void sayThatThereIsNoStatusArea();
+    void sayThatThereIsNoStatusArea() const;
     [[nodiscard]] QRect popoverAnchor() const;
 
     Platform& platform_;

@@ -7,7 +7,6 @@
 #include <QBitmap>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -24,6 +23,8 @@ constexpr int cornerRadius = 10;
 constexpr int distanceToAnchor = 4;
 // What a panel needs to tell its program over the session bus that its item was pressed.
 constexpr auto patienceForTheItem = 200ms;
+// From the press on a menu's item to the word of the panel that shows the menu.
+constexpr auto longestClick = 1s;
 
 } // namespace
 
@@ -63,6 +64,10 @@ void Popover::keepOpen() {
     closing_.reset();
 }
 
+bool Popover::wasJustPressedAway() const {
+    return pressedAway_ && mainQueue_.now() - *pressedAway_ < longestClick;
+}
+
 void Popover::place() {
     const QScreen* screen = QGuiApplication::screenAt(anchor_.center());
     const QRect room = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
@@ -86,10 +91,14 @@ void Popover::pressed(QPoint physicalPlace) {
         itemPlace_.contains(place)) {
         return;
     }
-    if (itemPlace_.isEmpty()) {
-        closing_ = mainQueue_.startTimer(patienceForTheItem, [this] { close(); });
-    } else {
+    const auto closeAway = [this] {
+        pressedAway_ = mainQueue_.now();
         close();
+    };
+    if (itemPlace_.isEmpty()) {
+        closing_ = mainQueue_.startTimer(patienceForTheItem, closeAway);
+    } else {
+        closeAway();
     }
 }
 

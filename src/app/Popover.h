@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace brivandel {
 
@@ -27,6 +28,8 @@ public:
     void setItemPlace(const QRect& place);
     /// The press before was on the status item.
     void keepOpen();
+    /// A press has closed it a moment ago: maybe the one on a menu item that is about it.
+    [[nodiscard]] bool wasJustPressedAway() const;
 
 protected:
     bool event(QEvent* event) override;
@@ -45,6 +48,7 @@ private:
     QRect anchor_;
     QRect itemPlace_;
     std::unique_ptr<Timer> closing_;
+    std::optional<MainQueue::TimePoint> pressedAway_;
 };
 
 } // namespace brivandel

@@ -1,5 +1,6 @@
 #include "app/SingleInstance.h"
 
+#include <QDeadlineTimer>
 #include <QLocalSocket>
 
 #include <chrono>
@@ -11,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // Another program that starts or ends at the same moment holds the lock while its socket is not there.
-constexpr int attempts = 10;
+constexpr auto startPatience = 3s;
 constexpr auto lockPatience = 300ms;
 constexpr auto answerPatience = 2s;
 constexpr qint64 longestRequest = 64;
@@ -32,8 +33,9 @@ SingleInstance::SingleInstance(const QString& folder)
 }
 
 SingleInstance::Role SingleInstance::begin(LaunchRequest request) {
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        if (lock_.tryLock(attempt == 0 ? 0 : milliseconds(lockPatience))) {
+    const QDeadlineTimer deadline(startPatience);
+    for (auto patience = 0ms; !deadline.hasExpired(); patience = lockPatience) {
+        if (lock_.tryLock(milliseconds(patience))) {
             QLocalServer::removeServer(socketPath_); // what a program that was killed left behind
             server_.setSocketOptions(QLocalServer::UserAccessOption);
             if (!server_.listen(socketPath_)) {
@@ -46,27 +48,31 @@ SingleInstance::Role SingleInstance::begin(LaunchRequest request) {
             problem_ = QStringLiteral("the lock file beside %1 cannot be written").arg(socketPath_);
             return Role::Mute;
         }
-        if (handOver(request)) {
+        const Answer answer = handOver(request);
+        if (answer == Answer::Accepted) {
             return Role::HandedOn;
+        }
+        if (answer == Answer::None) {
+            break; // it may act on the request yet, so it is not sent again
         }
     }
     problem_ = QStringLiteral("Brivandel seems to be running, but it does not answer at %1").arg(socketPath_);
     return Role::Mute;
 }
 
-bool SingleInstance::handOver(LaunchRequest request) {
+SingleInstance::Answer SingleInstance::handOver(LaunchRequest request) {
     QLocalSocket socket;
     socket.connectToServer(socketPath_);
     if (!socket.waitForConnected(milliseconds(answerPatience))) {
-        return false;
+        return Answer::NobodyThere;
     }
     socket.write(wordFor(request).toUtf8() + '\n');
     while (!socket.canReadLine()) {
         if (!socket.waitForReadyRead(milliseconds(answerPatience))) {
-            return false;
+            return Answer::None;
         }
     }
-    return socket.readLine() == accepted;
+    return socket.readLine() == accepted ? Answer::Accepted : Answer::None;
 }
 
 void SingleInstance::serve() {

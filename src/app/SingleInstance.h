@@ -32,7 +32,8 @@ Q_SIGNALS:
     void requested(brivandel::LaunchRequest request);
 
 private:
-    [[nodiscard]] bool handOver(LaunchRequest request);
+    enum class Answer { Accepted, NobodyThere, None };
+    [[nodiscard]] Answer handOver(LaunchRequest request);
     void serve();
 
     QString socketPath_;

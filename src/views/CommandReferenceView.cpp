@@ -19,6 +19,7 @@
 
 #include <chrono>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace brivandel {
@@ -96,6 +97,7 @@ CommandReferenceView::CommandReferenceView(VoiceController& controller, MainQueu
     , controller_(controller)
     , mainQueue_(mainQueue)
     , selection_(ReferenceSelection::of(CommandCategory::transport))
+    , shownFor_(selection_, QString())
     , sidebar_(new ChoiceList)
     , search_(new TextField(QStringLiteral("Search commands..."), QStringLiteral("Search commands")))
     , title_(new Label(QString(), TextStyle::Title2))
@@ -179,8 +181,13 @@ void CommandReferenceView::select(int sidebarRow) {
 
 void CommandReferenceView::showItems() {
     title_->setText(selection_.headerTitle());
+    const std::pair nowShown(selection_, searchText());
+    const bool isAnotherList = std::exchange(shownFor_, nowShown) != nowShown;
     items_ = referenceContents(controller_.customCommands(), selection_, searchText());
     list_->reload();
+    if (isAnotherList && !items_.empty()) {
+        list_->scrollToRow(0); // else it stays where the reader is
+    }
 }
 
 void CommandReferenceView::copy(const QString& phrase) {

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace brivandel {
@@ -60,6 +61,7 @@ private:
     MainQueue& mainQueue_;
     ReferenceSelection selection_;
     std::vector<ReferenceItem> items_;
+    std::pair<ReferenceSelection, QString> shownFor_;
     QSet<QUuid> showingAppleScript_;
     ChoiceList* sidebar_;
     TextField* search_;

@@ -3,7 +3,7 @@
 #include <unicode/ucol.h>
 #include <unicode/usearch.h>
 
-#include <stdexcept>
+#include <utility>
 
 namespace brivandel {
 
@@ -18,17 +18,17 @@ const UChar* characters(const QString& text) {
 
 struct LocalizedSearch::Searcher {
     struct CloseCollator {
-        void operator()(UCollator* collator) const { ucol_close(collator); }
+        void operator()(UCollator* open) const { ucol_close(open); }
     };
     struct CloseSearch {
-        void operator()(UStringSearch* search) const { usearch_close(search); }
+        void operator()(UStringSearch* open) const { usearch_close(open); }
     };
 
     std::unique_ptr<UCollator, CloseCollator> collator;
     std::unique_ptr<UStringSearch, CloseSearch> search;
 };
 
-LocalizedSearch::LocalizedSearch(const QString& wanted, const QLocale& locale) : wanted_(wanted) {
+LocalizedSearch::LocalizedSearch(QString wanted, const QLocale& locale) : wanted_(std::move(wanted)) {
     if (wanted_.isEmpty()) {
         return;
     }
@@ -36,7 +36,8 @@ LocalizedSearch::LocalizedSearch(const QString& wanted, const QLocale& locale) :
     UErrorCode error = U_ZERO_ERROR;
     searcher_->collator.reset(ucol_open(locale.name().toLatin1().constData(), &error));
     if (U_FAILURE(error)) {
-        throw std::runtime_error("the rules of the language cannot be loaded");
+        searcher_.reset(); // the rules of the language are not installed
+        return;
     }
     ucol_setStrength(searcher_->collator.get(), UCOL_SECONDARY);
     // A searcher wants some text to begin with.
@@ -44,15 +45,19 @@ LocalizedSearch::LocalizedSearch(const QString& wanted, const QLocale& locale) :
         characters(wanted_), static_cast<int32_t>(wanted_.size()), characters(wanted_),
         static_cast<int32_t>(wanted_.size()), searcher_->collator.get(), nullptr, &error));
     if (U_FAILURE(error)) {
-        searcher_.reset(); // nothing in it counts for a comparison: it is in every text
+        searcher_.reset();
+        countsForNothing_ = true; // by the rules: it is in every text
     }
 }
 
 LocalizedSearch::~LocalizedSearch() = default;
 
 bool LocalizedSearch::isIn(const QString& text) const {
-    if (!searcher_) {
+    if (wanted_.isEmpty() || countsForNothing_) {
         return true;
+    }
+    if (!searcher_) {
+        return text.contains(wanted_, Qt::CaseInsensitive);
     }
     if (text.isEmpty()) {
         return false;

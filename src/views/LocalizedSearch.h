@@ -11,10 +11,11 @@ namespace brivandel {
 /// composed, by the rules of a language. Accents do count.
 class LocalizedSearch {
 public:
-    explicit LocalizedSearch(const QString& wanted, const QLocale& locale = QLocale());
+    explicit LocalizedSearch(QString wanted, const QLocale& locale = QLocale());
     ~LocalizedSearch();
 
-    /// An empty text is in every one.
+    /// An empty text is in every one. Without the rules of the language it is letter case alone that does not
+    /// count.
     [[nodiscard]] bool isIn(const QString& text) const;
 
 private:
@@ -22,6 +23,7 @@ private:
 
     QString wanted_;
     std::unique_ptr<Searcher> searcher_;
+    bool countsForNothing_ = false;
 };
 
 } // namespace brivandel

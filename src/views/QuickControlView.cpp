@@ -68,10 +68,6 @@ QuickControlView::QuickControlView(VoiceController& controller, QWidget* parent)
     redraw();
 }
 
-void QuickControlView::refresh() {
-    refresh_->flush();
-}
-
 QWidget* QuickControlView::makeHeader() {
     auto* header = new QWidget;
     auto* row = bare<QHBoxLayout>(header, defaultSpacing);

@@ -5,8 +5,6 @@
 #include <QString>
 #include <QWidget>
 
-class QVBoxLayout;
-
 namespace brivandel {
 
 class Button;
@@ -24,9 +22,6 @@ class QuickControlView final : public QWidget {
 public:
     /// The controller must outlive it.
     explicit QuickControlView(VoiceController& controller, QWidget* parent = nullptr);
-
-    /// Shows the controller's state now, instead of at the next turn of the event loop.
-    void refresh();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "views/WelcomePages.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/Label.h"
 #include "widgets/Plate.h"
 #include "widgets/ResourceImage.h"
@@ -21,7 +22,11 @@ constexpr int logoSide = 200;
 // What stands at the beginning of the steps: its number in a blue circle.
 class NumberBadge final : public QWidget {
 public:
-    explicit NumberBadge(int number) : number_(QString::number(number)) { setFixedSize(26, 26); }
+    explicit NumberBadge(int number) : number_(QString::number(number)) {
+        setFixedSize(26, 26);
+        setAccessibleRole(*this, QAccessible::StaticText);
+        setAccessibleName(number_);
+    }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {

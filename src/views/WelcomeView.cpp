@@ -66,10 +66,14 @@ void WelcomeView::setPage(int page) {
     const bool isLast = page > 1;
     next_->setVisible(!isLast);
     getStarted_->setVisible(isLast);
-    // Return goes on, and so does a press of the same key twice: the focus never falls off the row.
-    (isLast ? getStarted_ : next_)->setDefault(true);
-    (isLast ? getStarted_ : next_)->setFocus();
+    auto* forward = isLast ? getStarted_ : next_;
+    forward->setDefault(true);
+    const bool goesBack = back_->hasFocus() && page >= 1;
     back_->setVisible(page >= 1);
+    // The same key pressed again goes on in the same direction, and the focus never falls off the row.
+    if (!goesBack) {
+        forward->setFocus();
+    }
 }
 
 } // namespace brivandel

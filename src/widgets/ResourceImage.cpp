@@ -1,5 +1,6 @@
 #include "widgets/ResourceImage.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/Symbol.h"
 
 #include <QPainter>
@@ -14,6 +15,8 @@ ResourceImage* ResourceImage::make(const QString& name, int side) {
 
 ResourceImage::ResourceImage(QString name, int side) : name_(std::move(name)) {
     setFixedSize(side, side);
+    setAccessibleRole(*this, QAccessible::Graphic);
+    setAccessibleName(QStringLiteral("Brivandel"));
 }
 
 void ResourceImage::paintEvent(QPaintEvent* /*event*/) {

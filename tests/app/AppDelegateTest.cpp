@@ -212,6 +212,8 @@ TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {
     EXPECT_TRUE(listening.controller.isListening());
     delegate.handle(LaunchRequest::None);
     EXPECT_TRUE(popover().isVisible());
+    delegate.handle(LaunchRequest::None);
+    EXPECT_TRUE(popover().isVisible()) << "a further start shows it, and never closes it";
     delegate.handle(LaunchRequest::Popover);
     EXPECT_FALSE(popover().isVisible());
     delegate.handle(LaunchRequest::Settings);

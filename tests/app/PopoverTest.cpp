@@ -95,6 +95,19 @@ TEST_F(PopoverTest, ItemWhosePlaceIsNotKnown_HasAMomentToSayThatItWasPressed) {
     EXPECT_FALSE(popover.isVisible());
 }
 
+TEST_F(PopoverTest, PressedAway_IsRememberedForAMoment) {
+    popover.setItemPlace(QRect());
+    popover.showBeside(item);
+    EXPECT_FALSE(popover.wasJustPressedAway());
+    presses.press(popover.geometry().bottomRight() + QPoint(40, 40));
+    queue.advance(200ms);
+    EXPECT_TRUE(popover.wasJustPressedAway());
+    queue.advance(999ms);
+    EXPECT_TRUE(popover.wasJustPressedAway());
+    queue.advance(1ms);
+    EXPECT_FALSE(popover.wasJustPressedAway());
+}
+
 TEST_F(PopoverTest, ClosedAndOpenedAgain_IsNotClosedByAPressBefore) {
     popover.setItemPlace(QRect());
     popover.showBeside(item);

@@ -114,6 +114,18 @@ TEST_F(WelcomeViewTest, Return_GoesOnPageByPage) {
     EXPECT_EQ(dismissals, 1);
 }
 
+TEST_F(WelcomeViewTest, BackByKeyboard_GoesAllTheWay) {
+    view.activateWindow();
+    QCoreApplication::processEvents();
+    press("Next");
+    press("Next");
+    button("Back").setFocus();
+    QTest::keyClick(view.focusWidget(), Qt::Key_Space);
+    QTest::keyClick(view.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(view.page(), 0);
+    EXPECT_EQ(view.focusWidget(), &button("Next"));
+}
+
 TEST_F(WelcomeViewTest, Size_IsFixed) {
     EXPECT_EQ(view.size(), QSize(520, 520));
     for (int page = 0; page < 2; ++page) {

@@ -73,11 +73,11 @@ class Accessibility(unittest.TestCase):
         self.wait(lambda: "Grant Permissions" in self.welcome.texts(), "the second page")
         self.assertEqual(self.welcome.texts(), [
             "Grant Permissions", "Brivandel needs three permissions to work.",
-            "Accessibility Access", "Required to send keyboard shortcuts to Logic Pro.",
+            "1", "Accessibility Access", "Required to send keyboard shortcuts to Logic Pro.",
             "System Settings → Privacy & Security → Accessibility",
             "Click +, navigate to Applications, select Brivandel, and click Open.",
-            "Microphone & Speech Recognition", 'macOS will prompt you automatically. Click "OK" to allow.',
-            "Open Logic Pro", "Logic Pro must be running for commands to work."])
+            "2", "Microphone & Speech Recognition", 'macOS will prompt you automatically. Click "OK" to allow.',
+            "3", "Open Logic Pro", "Logic Pro must be running for commands to work."])
         self.press(self.welcome, "Next")
         self.wait(lambda: "You're All Set!" in self.welcome.texts(), "the last page")
         self.assertEqual(self.welcome.texts(), [

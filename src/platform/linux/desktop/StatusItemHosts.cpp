@@ -3,31 +3,38 @@
 #include "platform/linux/desktop/X11Events.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
 #include <utility>
 
 namespace brivandel {
 
+namespace {
+
+const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
+const auto watcherInterface = watcherService;
+
+} // namespace
+
 StatusItemHosts::StatusItemHosts(std::shared_ptr<X11Events> display)
     : display_(std::move(display))
     , watcher_(new QDBusServiceWatcher(
-          QStringLiteral("org.kde.StatusNotifierWatcher"), QDBusConnection::sessionBus(),
+          watcherService, QDBusConnection::sessionBus(),
           QDBusServiceWatcher::WatchForRegistration | QDBusServiceWatcher::WatchForUnregistration, this)) {
     connect(display_.get(), &X11Events::trayChanged, this, &StatusItemHosts::tell);
-    connect(watcher_, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        hasPanel_ = true;
-        tell();
-    });
-    connect(watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
-        hasPanel_ = false;
-        tell();
-    });
-    // The bus itself answers, at once: no program is asked.
-    if (const auto bus = QDBusConnection::sessionBus(); bus.isConnected()) {
-        hasPanel_ = bus.interface()->isServiceRegistered(watcher_->watchedServices().constFirst());
+    connect(watcher_, &QDBusServiceWatcher::serviceRegistered, this, &StatusItemHosts::askForPanel);
+    connect(watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setHasPanel(false); });
+    // The watcher may be there long before a panel is.
+    for (const auto& news :
+         {QStringLiteral("StatusNotifierHostRegistered"), QStringLiteral("StatusNotifierHostUnregistered")}) {
+        QDBusConnection::sessionBus().connect(watcherService, watcherPath, watcherInterface, news, this,
+                                              SLOT(askForPanel()));
     }
+    askForPanel();
 }
 
 StatusItemHosts::~StatusItemHosts() = default;
@@ -38,6 +45,26 @@ bool StatusItemHosts::isThere() const {
 
 void StatusItemHosts::onChange(std::function<void()> changed) {
     changed_ = std::move(changed);
+}
+
+void StatusItemHosts::askForPanel() {
+    auto question = QDBusMessage::createMethodCall(watcherService, watcherPath,
+                                                   QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                   QStringLiteral("Get"));
+    question << watcherInterface << QStringLiteral("IsStatusNotifierHostRegistered");
+    question.setAutoStartService(false);
+    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *finished;
+        setHasPanel(!reply.isError() && reply.value().variant().toBool());
+    });
+}
+
+void StatusItemHosts::setHasPanel(bool hasPanel) {
+    if (std::exchange(hasPanel_, hasPanel) != hasPanel) {
+        tell();
+    }
 }
 
 void StatusItemHosts::tell() {

@@ -12,8 +12,9 @@ namespace brivandel {
 
 class X11Events;
 
-/// The two kinds of tray that there are: panels that have registered on the session bus
-/// (org.kde.StatusNotifierWatcher) and trays of the older kind on the X display.
+/// The two kinds of tray that there are: panels that have registered as hosts of status items on the session
+/// bus (at org.kde.StatusNotifierWatcher), and trays of the older kind on the X display. Asks without
+/// waiting: a panel is there once it has been heard of.
 class StatusItemHosts final : public QObject, public StatusArea {
     Q_OBJECT
 public:
@@ -24,7 +25,11 @@ public:
     void onChange(std::function<void()> changed) override;
     [[nodiscard]] bool hasSquareIcons() const override { return true; }
 
+private Q_SLOTS:
+    void askForPanel();
+
 private:
+    void setHasPanel(bool hasPanel);
     void tell();
 
     std::shared_ptr<X11Events> display_;

@@ -21,7 +21,6 @@ public:
     X11Events();
     ~X11Events() override;
 
-    [[nodiscard]] bool isConnected() const { return notifier_ != nullptr; }
     /// Whether a tray owns the display's tray selection now.
     [[nodiscard]] bool hasTray() const;
     /// Whether pressed() is emitted; false where the server cannot tell (no XInput 2).
