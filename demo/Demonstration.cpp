@@ -98,7 +98,7 @@ QProcessEnvironment environmentOfItsOwn(const QString& folder) {
 }
 
 QString speak(const QString& phrase, const QString& folder) {
-    const QString path = folder + QStringLiteral("/command.wav");
+    QString path = folder + QStringLiteral("/command.wav");
     if (QProcess::execute(QStringLiteral("flite"),
                           {QStringLiteral("-voice"), QStringLiteral("slt"), QStringLiteral("-t"), phrase,
                            QStringLiteral("-o"), path}) != 0) {

@@ -12,6 +12,9 @@ template <typename... Visitors>
 struct Overloaded : Visitors... {
     using Visitors::operator()...;
 };
+// Clang 14 does not find it by itself.
+template <typename... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
 std::string utf8(const QString& text) {
     return text.toStdString();

@@ -3,11 +3,9 @@
 #include <cstddef>
 #include <span>
 
-namespace brivandel {
-
 /// The arithmetic of the input meter, a peak-hold meter with exponential fall-off. In 32-bit floats
 /// throughout.
-namespace LevelMeter {
+namespace brivandel::LevelMeter {
 
 /// The root mean square of one block's samples, which must not be empty. Allocates nothing: it runs on the
 /// audio thread.
@@ -17,6 +15,4 @@ namespace LevelMeter {
 /// 18 % a block of 1024 frames.
 [[nodiscard]] float nextLevel(float previousLevel, float rootMeanSquare);
 
-} // namespace LevelMeter
-
-} // namespace brivandel
+} // namespace brivandel::LevelMeter

@@ -107,7 +107,7 @@ void VoiceController::requestPermissions() {
     platform_.permissions->requestNotificationAuthorization();
 }
 
-void VoiceController::logToFile(const QString& message) {
+void VoiceController::logToFile(const QString& message) const {
     platform_.log->write(message);
 }
 

@@ -154,7 +154,7 @@ private:
     void assign(Value& property, Value value, void (VoiceController::*changed)());
     void loadSettings();
     void requestPermissions();
-    void logToFile(const QString& message);
+    void logToFile(const QString& message) const;
     void startListening();
     void stopListening();
     void restartRecognition();

@@ -46,7 +46,9 @@ Interruption::Interruption(std::function<void()> interrupted) {
     action.sa_flags = SA_RESTART;
     for (std::size_t i = 0; i < signals.size(); ++i) {
         sigaction(signals.at(i), nullptr, &before_.at(i));
-        if (before_.at(i).sa_handler != SIG_IGN) {
+        // Ctrl-C counts even so: a shell has what it starts in the background ignore it.
+        const bool isNohup = signals.at(i) == SIGHUP && before_.at(i).sa_handler == SIG_IGN;
+        if (!isNohup) {
             sigaction(signals.at(i), &action, nullptr);
         }
     }

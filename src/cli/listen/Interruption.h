@@ -11,8 +11,7 @@ class QSocketNotifier;
 namespace brivandel {
 
 /// While it lives, Ctrl-C, a request to terminate and the end of the terminal come as a call on the main
-/// thread, once. A signal that the program was started to ignore, as under nohup, stays ignored. One at a
-/// time.
+/// thread, once. Under nohup the end of the terminal is ignored, as it was before. One at a time.
 class Interruption final : public QObject {
 public:
     explicit Interruption(std::function<void()> interrupted);

@@ -1,5 +1,6 @@
 #include "cli/listen/TerminalText.h"
 
+#include <QList>
 #include <QTextBoundaryFinder>
 
 #include <sys/ioctl.h>
@@ -51,7 +52,7 @@ int columnsOf(const QString& text) {
 }
 
 QString fittedTo(int columns, const QString& text) {
-    const QString line = withoutControlCharacters(text);
+    QString line = withoutControlCharacters(text);
     if (columnsOf(line) <= columns) {
         return line;
     }

@@ -211,10 +211,10 @@ void ReplaySession::store(ScenarioStep& step) {
     const auto type = step.optionalText("type");
     step.expectNothingElse();
     if (type && *type != QStringLiteral("data")) {
-        throw ScenarioError("\"type\" must be \"data\", or absent");
+        throw ScenarioError(R"("type" must be "data", or absent)");
     }
     if (controller_) {
-        throw ScenarioError("\"store\" must come before \"launch\"");
+        throw ScenarioError(R"("store" must come before "launch")");
     }
     if (type) {
         scripted_.defaults.preset(key, scenarioText(value, "value").toUtf8());
@@ -329,7 +329,7 @@ void ReplaySession::recognizer(ScenarioStep& step) {
     const bool available = step.boolean("available");
     step.expectNothingElse();
     if (controller_) {
-        throw ScenarioError("\"recognizer\" must come before \"launch\"");
+        throw ScenarioError(R"("recognizer" must come before "launch")");
     }
     scripted_.speechRecognition.setRecognizerAvailable(available);
 }
@@ -364,7 +364,7 @@ void ReplaySession::devices(ScenarioStep& step) {
     for (const Json& device : value) {
         const auto member = [&device](const char* name) -> const Json& {
             if (!device.is_object() || !device.contains(name)) {
-                throw ScenarioError("a device must have \"uid\", \"name\" and \"id\"");
+                throw ScenarioError(R"(a device must have "uid", "name" and "id")");
             }
             return device.at(name);
         };
