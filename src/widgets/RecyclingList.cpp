@@ -253,7 +253,9 @@ void RecyclingList::orderFocus() {
 }
 
 void RecyclingList::followFocus(QWidget* focused) {
-    if (focused == nullptr || !viewport()->isAncestorOf(focused)) {
+    // A press gives the focus before it arrives itself: what it is meant for must not move away under it.
+    const bool isByPress = QApplication::mouseButtons() != Qt::NoButton;
+    if (focused == nullptr || isByPress || !viewport()->isAncestorOf(focused)) {
         return;
     }
     for (const auto& [row, frame] : shown_) {
@@ -335,6 +337,7 @@ void RecyclingList::mousePressEvent(QMouseEvent* event) {
         return;
     }
     const int row = rowAt(event->position().toPoint());
+    // Nothing scrolls here: what is under the pointer stays there for the rest of the click.
     if (row < 0) {
         selection_.clear();
     } else if (event->button() == Qt::RightButton) {
@@ -342,13 +345,15 @@ void RecyclingList::mousePressEvent(QMouseEvent* event) {
     } else {
         selection_.moveTo(row, event->modifiers(), true);
     }
-    selectionMoved();
+    showSelection();
+    Q_EMIT selectionChanged();
 }
 
 void RecyclingList::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int row = rowAt(event->position().toPoint());
-    if (isSelectable() && row >= 0 && event->button() == Qt::LeftButton) {
-        Q_EMIT rowActivated(row);
+    // The row of the press, which is the current one since; another may be under the pointer by now.
+    const bool isOnARow = rowAt(event->position().toPoint()) >= 0 && currentRow() >= 0;
+    if (isSelectable() && isOnARow && event->button() == Qt::LeftButton) {
+        Q_EMIT rowActivated(currentRow());
     }
 }
 
@@ -374,13 +379,17 @@ void RecyclingList::focusOutEvent(QFocusEvent* event) {
 
 void RecyclingList::selectionMoved() {
     scrollToRow(currentRow());
+    showSelection();
+    Q_EMIT selectionChanged();
+}
+
+void RecyclingList::showSelection() {
     updateFrames();
     if (QAccessible::isActive() && hasFocus() && currentRow() >= 0) {
         QAccessibleEvent focused(this, QAccessible::Focus);
         focused.setChild(currentRow());
         QAccessible::updateAccessibility(&focused);
     }
-    Q_EMIT selectionChanged();
 }
 
 void RecyclingList::updateFrames() {

@@ -498,7 +498,9 @@ TEST_F(CommandsSettingsTest, ReturnAndDoubleClick_Edit) {
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(find<TextField>(*editor(), "name").text(), QStringLiteral("B"));
     click(find<Button>(*editor(), "cancel"));
+    clickRow(3);
     QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, list().rowRect(3).center());
+    QTest::mouseRelease(list().viewport(), Qt::LeftButton, {}, list().rowRect(3).center());
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(find<TextField>(*editor(), "name").text(), QStringLiteral("D"));
 }

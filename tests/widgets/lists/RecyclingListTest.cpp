@@ -237,6 +237,37 @@ TEST_F(RecyclingListTest, Clicks_SelectByPlace) {
     EXPECT_TRUE(list->selectedRows().isEmpty());
 }
 
+TEST_F(RecyclingListTest, ClickInAHalfVisibleRow_MovesNothingUnderThePointer) {
+    show();
+    list->verticalScrollBar()->setValue(list->rowRect(0).height() / 4);
+    const int before = list->verticalScrollBar()->value();
+    ASSERT_GT(before, 0);
+    Switch* toggle = row(0).toggle;
+    const bool wasOn = toggle->isChecked();
+    QTest::mouseClick(toggle, Qt::LeftButton);
+    EXPECT_TRUE(toggle->hasFocus());
+    EXPECT_NE(toggle->isChecked(), wasOn);
+    EXPECT_EQ(list->verticalScrollBar()->value(), before);
+    QTest::mouseClick(list->frame(0), Qt::LeftButton, {}, QPoint(2, list->frame(0)->height() / 2));
+    EXPECT_EQ(list->selectedRows(), QList<int>({0}));
+    EXPECT_EQ(list->verticalScrollBar()->value(), before);
+}
+
+TEST_F(RecyclingListTest, DoubleClick_ActivatesTheRowOfThePress) {
+    show();
+    QSignalSpy activated(list, &RecyclingList::rowActivated);
+    list->setFocus();
+    const QPoint place = list->rowRect(2).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    // Whatever scrolls it meanwhile.
+    list->verticalScrollBar()->setValue(list->rowRect(1).height());
+    ASSERT_NE(list->rowAt(place), 2);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, place);
+    ASSERT_EQ(activated.count(), 1);
+    EXPECT_EQ(activated.first().first().toInt(), 2);
+}
+
 TEST_F(RecyclingListTest, Tab_GoesThroughTheRowsInTheirOrder) {
     show();
     list->verticalScrollBar()->setValue(2000);
