@@ -288,7 +288,8 @@ int RecyclingList::rowForKey(int key) const {
 }
 
 void RecyclingList::keyPressEvent(QKeyEvent* event) {
-    if (!isSelectable() || rowCount() == 0) {
+    // What a row's own control has no use for comes here too, and is not about the selection.
+    if (!isSelectable() || rowCount() == 0 || !hasFocus()) {
         QAbstractScrollArea::keyPressEvent(event);
         return;
     }
@@ -358,12 +359,13 @@ void RecyclingList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void RecyclingList::contextMenuEvent(QContextMenuEvent* event) {
-    if (!isSelectable() || selectedRows().isEmpty()) {
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (!isSelectable() || selectedRows().isEmpty() || (isByKey && !hasFocus())) {
         return;
     }
-    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard && currentRow() >= 0;
-    const QPoint position =
-        isByKey ? viewport()->mapToGlobal(rowRect(currentRow()).center()) : event->globalPos();
+    const QPoint position = isByKey && currentRow() >= 0
+                                ? viewport()->mapToGlobal(rowRect(currentRow()).center())
+                                : event->globalPos();
     Q_EMIT menuRequested(position, selectedRows());
 }
 

@@ -220,6 +220,25 @@ TEST_F(RecyclingListTest, Keys_MoveTheCurrentRow) {
     EXPECT_EQ(list->selectedRows().size(), 500);
 }
 
+TEST_F(RecyclingListTest, KeysInARowsOwnControl_DoNothingToTheSelection) {
+    show();
+    list->selectRow(2);
+    QSignalSpy deleted(list, &RecyclingList::deleteRequested);
+    QSignalSpy activated(list, &RecyclingList::rowActivated);
+    row(3).toggle->setFocus();
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Down, Qt::Key_End}) {
+        QTest::keyClick(row(3).toggle, key);
+    }
+    EXPECT_EQ(deleted.count(), 0);
+    EXPECT_EQ(activated.count(), 0);
+    EXPECT_EQ(list->selectedRows(), QList<int>({2}));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_EQ(activated.count(), 1);
+    EXPECT_EQ(deleted.count(), 1);
+}
+
 TEST_F(RecyclingListTest, Clicks_SelectByPlace) {
     show();
     const auto click = [this](int row, Qt::KeyboardModifiers modifiers = {}) {
