@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -44,21 +45,28 @@ RecyclingList::~RecyclingList() = default;
 
 void RecyclingList::reload() {
     const int count = source_.rowCount();
-    if (count != rowCount()) {
-        heights_.resize(count);
-        selection_.clear();
-        recycle(0, count);
-        Q_EMIT selectionChanged();
-    }
-    for (auto entry = shown_.begin(); entry != shown_.end();) {
-        const auto [row, frame] = *entry;
-        entry = frame->kind() == source_.rowKind(row) ? std::next(entry) : retire(entry);
-    }
-    for (const auto& [row, frame] : shown_) {
-        source_.fillRowWidget(*frame->content(), row);
+    const bool isOtherCount = count != rowCount();
+    {
+        // A row that goes hands the focus on at once, which must not lay out the rows gone through here.
+        const QScopedValueRollback changing(isLayingOut_, true);
+        if (isOtherCount) {
+            heights_.resize(count);
+            selection_.clear();
+            recycle(0, count);
+        }
+        for (auto entry = shown_.begin(); entry != shown_.end();) {
+            const auto [row, frame] = *entry;
+            entry = frame->kind() == source_.rowKind(row) ? std::next(entry) : retire(entry);
+        }
+        for (const auto& [row, frame] : shown_) {
+            source_.fillRowWidget(*frame->content(), row);
+        }
     }
     layOutRows();
     updateFrames();
+    if (isOtherCount) {
+        Q_EMIT selectionChanged();
+    }
 }
 
 QWidget* RecyclingList::rowWidget(int row) const {
@@ -234,10 +242,11 @@ void RecyclingList::recycle(int firstRow, int endRow) {
 
 RecyclingList::ShownRows::iterator RecyclingList::retire(ShownRows::iterator entry) {
     RowFrame* frame = entry->second;
-    frame->setRow(-1);
-    frame->hide();
+    const auto next = shown_.erase(entry);
     spare_[frame->kind()] += frame;
-    return shown_.erase(entry);
+    frame->setRow(-1);
+    frame->hide(); // the last: it may move the focus, and whoever hears of that finds everything in order
+    return next;
 }
 
 void RecyclingList::orderFocus() {
@@ -255,7 +264,7 @@ void RecyclingList::orderFocus() {
 void RecyclingList::followFocus(QWidget* focused) {
     // A press gives the focus before it arrives itself: what it is meant for must not move away under it.
     const bool isByPress = QApplication::mouseButtons() != Qt::NoButton;
-    if (focused == nullptr || isByPress || !viewport()->isAncestorOf(focused)) {
+    if (focused == nullptr || isByPress || isLayingOut_ || !viewport()->isAncestorOf(focused)) {
         return;
     }
     for (const auto& [row, frame] : shown_) {

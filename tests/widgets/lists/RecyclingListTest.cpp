@@ -196,6 +196,29 @@ TEST_F(RecyclingListTest, FewerRows_EndWhereTheyEnd) {
     expectNoGaps();
 }
 
+TEST_F(RecyclingListTest, RowWithTheKeyboardThatGoes_LeavesTheOthersInOrder) {
+    show();
+    for (const int position : {0, 800, 5000}) {
+        rows.count = 500;
+        list->reload();
+        list->verticalScrollBar()->setValue(position);
+        row(firstInSight() + 2).toggle->setFocus();
+        rows.count = 2;
+        list->reload();
+        expectNoGaps();
+    }
+    rows.count = 500;
+    list->reload();
+    row(1).toggle->setFocus();
+    rows.special = 1;
+    list->reload();
+    expectNoGaps();
+    for (const int position : {3000, 100, 9000, 0}) {
+        list->verticalScrollBar()->setValue(position);
+        expectNoGaps();
+    }
+}
+
 TEST_F(RecyclingListTest, Keys_MoveTheCurrentRow) {
     show();
     list->setFocus();
