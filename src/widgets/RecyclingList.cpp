@@ -23,6 +23,12 @@ constexpr int scrollStep = 24;
 // Beside those in sight, so that Tab finds the next one.
 constexpr int rowsBeyond = 1;
 
+// One of our own: those that Qt posts itself have to reach it.
+QEvent::Type layoutDue() {
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
+
 } // namespace
 
 RecyclingList::RecyclingList(RowSource& source, Selection selection, Separators separators, QWidget* parent)
@@ -116,7 +122,7 @@ void RecyclingList::scrollToRow(int row) {
 }
 
 bool RecyclingList::event(QEvent* event) {
-    if (event->type() == QEvent::UpdateLater) {
+    if (event->type() == layoutDue()) {
         layoutIsDue_ = false;
         layOutRows();
         return true;
@@ -127,7 +133,7 @@ bool RecyclingList::event(QEvent* event) {
 void RecyclingList::rowWantsLayout() {
     if (!layoutIsDue_ && !isLayingOut_) {
         layoutIsDue_ = true;
-        QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateLater));
+        QCoreApplication::postEvent(this, new QEvent(layoutDue()));
     }
 }
 
@@ -380,7 +386,13 @@ void RecyclingList::contextMenuEvent(QContextMenuEvent* event) {
 
 void RecyclingList::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    updateFrames();
+    const bool isByTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (isByTab && isSelectable() && currentRow() < 0 && rowCount() > 0) {
+        // Whoever comes by keyboard sees where they are; nothing is selected by that.
+        selection_.moveTo(0, Qt::ControlModifier, false);
+        scrollToRow(0);
+    }
+    showSelection();
 }
 
 void RecyclingList::focusOutEvent(QFocusEvent* event) {

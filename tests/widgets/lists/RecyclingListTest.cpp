@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -241,6 +242,22 @@ TEST_F(RecyclingListTest, Keys_MoveTheCurrentRow) {
     EXPECT_EQ(list->selectedRows(), QList<int>({0, 1, 2}));
     QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(list->selectedRows().size(), 500);
+}
+
+TEST_F(RecyclingListTest, TabIntoTheList_MakesTheFirstRowCurrentAndSelectsNone) {
+    auto* before = new QPushButton;
+    show();
+    window.layout()->addWidget(before);
+    before->show();
+    before->setFocus();
+    turn();
+    list->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(list->currentRow(), 0);
+    EXPECT_TRUE(list->selectedRows().isEmpty());
+    list->selectRow(3);
+    before->setFocus();
+    list->setFocus(Qt::BacktabFocusReason);
+    EXPECT_EQ(list->currentRow(), 3);
 }
 
 TEST_F(RecyclingListTest, KeysInARowsOwnControl_DoNothingToTheSelection) {
