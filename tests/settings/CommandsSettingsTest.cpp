@@ -198,6 +198,22 @@ TEST_F(CommandsSettingsTest, Row_ShowsTheDefaultPhrases) {
     EXPECT_EQ(chipsOf(rewind).first()->tintOpacity(), 0.12);
 }
 
+TEST_F(CommandsSettingsTest, LongDescription_LeavesTheButtonsInSight) {
+    show();
+    for (int place = 0; place < categories().count(); ++place) {
+        categories().setCurrentRow(place);
+        turnOfTheLoop();
+        for (const VoiceCommand command : shownCommands()) {
+            addTrigger(row(command), QStringLiteral("one more"));
+            for (const char* name : {"reset", "pencil"}) {
+                const auto& button = find<Button>(row(command), name);
+                EXPECT_EQ(button.visibleRegion().boundingRect().right(), button.rect().right())
+                    << rawValue(command).toStdString() << ' ' << name;
+            }
+        }
+    }
+}
+
 TEST_F(CommandsSettingsTest, Pencil_OpensAndClosesTheTriggerEditor) {
     show();
     auto& play = row(VoiceCommand::play);
