@@ -506,6 +506,27 @@ TEST_F(CommandsSettingsTest, ContextMenu_EditsAndDeletes) {
     menu->close();
 }
 
+TEST_F(CommandsSettingsTest, ContextMenuOverAListThatChanges_DeletesWhatItWasOpenedFor) {
+    CustomCommandList commands = fourCommands();
+    showCustom(commands);
+    const QPoint place = list().rowRect(2).center();
+    QTest::mouseClick(list().viewport(), Qt::RightButton, {}, place);
+    QContextMenuEvent wish(QContextMenuEvent::Mouse, place, list().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list().viewport(), &wish);
+    auto* menu = view->findChild<QMenu*>(QStringLiteral("rowMenu"));
+    ASSERT_NE(menu, nullptr);
+    commands.removeFirst();
+    controller().setCustomCommands(commands);
+    turnOfTheLoop();
+    menu->actions().at(1)->trigger();
+    turnOfTheLoop();
+    EXPECT_EQ(names(), QStringList({QStringLiteral("B"), QStringLiteral("D")}));
+    menu->actions().at(1)->trigger();
+    turnOfTheLoop();
+    EXPECT_EQ(names(), QStringList({QStringLiteral("B"), QStringLiteral("D")})) << "it is gone";
+    menu->close();
+}
+
 TEST_F(CommandsSettingsTest, ReturnAndDoubleClick_Edit) {
     showCustom(fourCommands());
     clickRow(0);
