@@ -13,7 +13,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <array>
+#include <optional>
 
 namespace brivandel {
 
@@ -54,8 +54,10 @@ AudioSettingsView::AudioSettingsView(VoiceController& controller, QWidget* paren
     , refresh_(new ViewRefresh(*this, [this] { showSelection(); })) {
     device_->setObjectName(QStringLiteral("inputDevice"));
 
+    auto* caption = new Label(QStringLiteral("Input Device"));
+    caption->setBuddy(device_); // where assistive technology takes the name of a combo box from its label
     auto* picker = new QHBoxLayout;
-    picker->addWidget(new Label(QStringLiteral("Input Device")));
+    picker->addWidget(caption);
     picker->addStretch();
     picker->addWidget(device_);
 
@@ -77,8 +79,12 @@ AudioSettingsView::AudioSettingsView(VoiceController& controller, QWidget* paren
     form->addStretch();
 
     connect(device_, &MenuPicker::activated, this, [this](int index) {
-        const QVariant uid = device_->itemData(index);
-        controller_.setSelectedAudioDevice(uid.isValid() ? std::optional(uid.toString()) : std::nullopt);
+        const QVariant value = device_->itemData(index);
+        const auto uid = value.isValid() ? std::optional(value.toString()) : std::nullopt;
+        // The same one again must not interrupt the listening, as another does.
+        if (uid != controller_.selectedAudioDevice()) {
+            controller_.setSelectedAudioDevice(uid);
+        }
     });
     connect(&controller_, &VoiceController::selectedAudioDeviceChanged, refresh_, &ViewRefresh::request);
     setAvailableDevices({});

@@ -71,12 +71,13 @@ QWidget* BuiltInCommandRow::makeHeader() {
     connect(pencil_, &Button::clicked, this,
             [this] { setIsShowingTriggerEditor(!isShowingTriggerEditor()); });
 
+    auto* text = new Label(description(command_), TextStyle::Caption, NamedColor::Secondary);
+    text->setMaximumLines(2); // narrower than a long text, so that the buttons stay in sight
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
-    row->addWidget(new Label(description(command_), TextStyle::Caption, NamedColor::Secondary));
-    row->addStretch();
+    row->addWidget(text, 1);
     row->addWidget(reset_);
     row->addWidget(pencil_);
     return header;

@@ -47,7 +47,8 @@ CustomCommandsPanel::CustomCommandsPanel(VoiceController& controller, QWidget* p
 
     connect(list_, &RecyclingList::rowActivated, this,
             [this](int row) { requestEdit(commands_.at(row).id); });
-    connect(list_, &RecyclingList::deleteRequested, this, &CustomCommandsPanel::deleteRows);
+    connect(list_, &RecyclingList::deleteRequested, this,
+            [this](const QList<int>& rows) { deletePlaces(placesOf(rows)); });
     connect(list_, &RecyclingList::menuRequested, this, &CustomCommandsPanel::showMenu);
     connect(&controller, &VoiceController::customCommandsChanged, refresh_, &ViewRefresh::request);
     showCommands();
@@ -126,18 +127,33 @@ void CustomCommandsPanel::setIsEnabled(const QUuid& id, bool enabled) {
     }
 }
 
-void CustomCommandsPanel::deleteRows(const QList<int>& rows) {
+QList<CustomCommandsPanel::Place> CustomCommandsPanel::placesOf(const QList<int>& rows) const {
+    QList<Place> places;
+    for (const int row : rows) {
+        places += Place{.row = row, .id = commands_.at(row).id};
+    }
+    return places;
+}
+
+void CustomCommandsPanel::deletePlaces(const QList<Place>& places) {
     CustomCommandList commands = controller_.customCommands();
-    for (qsizetype index = rows.size() - 1; index >= 0; --index) {
-        if (rows.at(index) < commands.size()) {
-            commands.removeAt(rows.at(index));
+    const CustomCommandList before = commands;
+    for (qsizetype index = places.size() - 1; index >= 0; --index) {
+        const auto& [row, id] = places.at(index);
+        if (row < commands.size() && commands.at(row).id == id) {
+            commands.removeAt(row);
+        } else if (std::ranges::count(commands, id, &CustomCommand::id) == 1) {
+            commands.erase(std::ranges::find(commands, id, &CustomCommand::id));
         }
+    }
+    if (commands == before) {
+        return;
     }
     controller_.setCustomCommands(commands);
     controller_.saveCustomCommands();
     refresh_->flush();
     if (!commands_.isEmpty()) {
-        list_->selectRow(std::min(rows.first(), static_cast<int>(commands_.size()) - 1));
+        list_->selectRow(std::min(places.first().row, static_cast<int>(commands_.size()) - 1));
     }
 }
 
@@ -150,7 +166,7 @@ void CustomCommandsPanel::showMenu(const QPoint& globalPosition, const QList<int
                 [this, id = commands_.at(rows.first()).id] { requestEdit(id); });
     }
     connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, this,
-            [this, rows] { deleteRows(rows); });
+            [this, places = placesOf(rows)] { deletePlaces(places); });
     menu->popup(globalPosition);
 }
 

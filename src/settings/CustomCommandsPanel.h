@@ -30,12 +30,20 @@ Q_SIGNALS:
     void editRequested(const brivandel::CustomCommand& command);
 
 private:
+    /// A command as it was shown: the list may change before what is to be done with it is done.
+    struct Place {
+        int row = 0;
+        QUuid id; // may be another command's too
+    };
+
     [[nodiscard]] QWidget* makeHeader() const;
     [[nodiscard]] QWidget* makeEmptyState();
     void showCommands();
     void requestEdit(const QUuid& id);
     void setIsEnabled(const QUuid& id, bool enabled);
-    void deleteRows(const QList<int>& rows);
+    [[nodiscard]] QList<Place> placesOf(const QList<int>& rows) const;
+    /// What is not at its place any more is found by its identity, unless that is another one's too.
+    void deletePlaces(const QList<Place>& places);
     void showMenu(const QPoint& globalPosition, const QList<int>& rows);
 
     [[nodiscard]] int rowCount() const override;

@@ -9,6 +9,7 @@
 #include "widgets/Theme.h"
 #include "widgets/ViewRefresh.h"
 
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <array>
@@ -91,10 +92,15 @@ QWidget* GeneralSettingsView::makeWakeWordRow() {
 
 void GeneralSettingsView::bindControls() {
     connect(useWakeWord_, &Switch::switched, &controller_, &VoiceController::setUseWakeWord);
-    connect(wakeWord_, &TextField::textEdited, &controller_, &VoiceController::setWakeWord);
+    // Also when assistive technology sets it, which is no edit.
+    connect(wakeWord_, &TextField::textChanged, &controller_, &VoiceController::setWakeWord);
     connect(audioFeedback_, &Switch::switched, &controller_, &VoiceController::setAudioFeedbackEnabled);
-    connect(timeout_, &MenuPicker::activated, this,
-            [this](int index) { controller_.setIdleTimeoutMinutes(timeout_->itemData(index).toLongLong()); });
+    connect(timeout_, &MenuPicker::activated, this, [this](int index) {
+        const qlonglong minutes = timeout_->itemData(index).toLongLong();
+        if (minutes != controller_.idleTimeoutMinutes()) {
+            controller_.setIdleTimeoutMinutes(minutes);
+        }
+    });
     connect(idleReminder_, &Switch::switched, &controller_, &VoiceController::setIdleReminderEnabled);
     connect(autoDisable_, &Switch::switched, &controller_, &VoiceController::setAutoDisableOnIdle);
 }
@@ -113,6 +119,7 @@ void GeneralSettingsView::showSettings() {
     wakeWordRow_->setHidden(!controller_.useWakeWord());
     // Setting a text moves the cursor, which whoever types would notice.
     if (wakeWord_->text() != controller_.wakeWord()) {
+        const QSignalBlocker own(wakeWord_);
         wakeWord_->setText(controller_.wakeWord());
     }
     wakeWordHint_->setText(QStringLiteral("Say '%1' to activate voice commands").arg(controller_.wakeWord()));

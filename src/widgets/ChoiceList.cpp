@@ -94,6 +94,20 @@ void ChoiceList::rowsInserted(const QModelIndex& parent, int start, int end) {
     }
 }
 
+void ChoiceList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListWidget::selectionChanged(selected, deselected);
+    // Assistive technology clears and selects in steps of its own: looked at when it is through with them.
+    QMetaObject::invokeMethod(this, &ChoiceList::settle, Qt::QueuedConnection);
+}
+
+void ChoiceList::settle() {
+    const QModelIndexList chosen = selectedIndexes();
+    const QModelIndex wanted = chosen.isEmpty() ? currentIndex() : chosen.first();
+    if (wanted.isValid() && (chosen.isEmpty() || wanted != currentIndex())) {
+        selectionModel()->setCurrentIndex(wanted, QItemSelectionModel::ClearAndSelect);
+    }
+}
+
 QItemSelectionModel::SelectionFlags ChoiceList::selectionCommand(const QModelIndex& index,
                                                                  const QEvent* /*event*/) const {
     // No click, with whatever modifier, leaves nothing chosen.

@@ -16,8 +16,13 @@ public:
 
 protected:
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                                        const QEvent* event) const override;
+
+private:
+    /// What is selected is current, and something is.
+    void settle();
 };
 
 } // namespace brivandel

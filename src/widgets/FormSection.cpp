@@ -59,7 +59,9 @@ void FormSection::addRow(const QString& caption, QWidget* control) {
     auto* pair = new QWidget;
     auto* line = new QHBoxLayout(pair);
     line->setContentsMargins(0, 0, 0, 0);
-    line->addWidget(new Label(caption));
+    auto* label = new Label(caption);
+    label->setBuddy(control); // where assistive technology takes a control's name from its label
+    line->addWidget(label);
     line->addStretch();
     line->addWidget(control);
     addRow(pair);

@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -21,6 +22,12 @@ namespace {
 constexpr int scrollStep = 24;
 // Beside those in sight, so that Tab finds the next one.
 constexpr int rowsBeyond = 1;
+
+// One of our own: those that Qt posts itself have to reach it.
+QEvent::Type layoutDue() {
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
 
 } // namespace
 
@@ -44,21 +51,28 @@ RecyclingList::~RecyclingList() = default;
 
 void RecyclingList::reload() {
     const int count = source_.rowCount();
-    if (count != rowCount()) {
-        heights_.resize(count);
-        selection_.clear();
-        recycle(0, count);
-        Q_EMIT selectionChanged();
-    }
-    for (auto entry = shown_.begin(); entry != shown_.end();) {
-        const auto [row, frame] = *entry;
-        entry = frame->kind() == source_.rowKind(row) ? std::next(entry) : retire(entry);
-    }
-    for (const auto& [row, frame] : shown_) {
-        source_.fillRowWidget(*frame->content(), row);
+    const bool isOtherCount = count != rowCount();
+    {
+        // A row that goes hands the focus on at once, which must not lay out the rows gone through here.
+        const QScopedValueRollback changing(isLayingOut_, true);
+        if (isOtherCount) {
+            heights_.resize(count);
+            selection_.clear();
+            recycle(0, count);
+        }
+        for (auto entry = shown_.begin(); entry != shown_.end();) {
+            const auto [row, frame] = *entry;
+            entry = frame->kind() == source_.rowKind(row) ? std::next(entry) : retire(entry);
+        }
+        for (const auto& [row, frame] : shown_) {
+            source_.fillRowWidget(*frame->content(), row);
+        }
     }
     layOutRows();
     updateFrames();
+    if (isOtherCount) {
+        Q_EMIT selectionChanged();
+    }
 }
 
 QWidget* RecyclingList::rowWidget(int row) const {
@@ -108,7 +122,7 @@ void RecyclingList::scrollToRow(int row) {
 }
 
 bool RecyclingList::event(QEvent* event) {
-    if (event->type() == QEvent::UpdateLater) {
+    if (event->type() == layoutDue()) {
         layoutIsDue_ = false;
         layOutRows();
         return true;
@@ -119,7 +133,7 @@ bool RecyclingList::event(QEvent* event) {
 void RecyclingList::rowWantsLayout() {
     if (!layoutIsDue_ && !isLayingOut_) {
         layoutIsDue_ = true;
-        QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateLater));
+        QCoreApplication::postEvent(this, new QEvent(layoutDue()));
     }
 }
 
@@ -234,10 +248,11 @@ void RecyclingList::recycle(int firstRow, int endRow) {
 
 RecyclingList::ShownRows::iterator RecyclingList::retire(ShownRows::iterator entry) {
     RowFrame* frame = entry->second;
-    frame->setRow(-1);
-    frame->hide();
+    const auto next = shown_.erase(entry);
     spare_[frame->kind()] += frame;
-    return shown_.erase(entry);
+    frame->setRow(-1);
+    frame->hide(); // the last: it may move the focus, and whoever hears of that finds everything in order
+    return next;
 }
 
 void RecyclingList::orderFocus() {
@@ -253,7 +268,9 @@ void RecyclingList::orderFocus() {
 }
 
 void RecyclingList::followFocus(QWidget* focused) {
-    if (focused == nullptr || !viewport()->isAncestorOf(focused)) {
+    // A press gives the focus before it arrives itself: what it is meant for must not move away under it.
+    const bool isByPress = QApplication::mouseButtons() != Qt::NoButton;
+    if (focused == nullptr || isByPress || isLayingOut_ || !viewport()->isAncestorOf(focused)) {
         return;
     }
     for (const auto& [row, frame] : shown_) {
@@ -286,7 +303,8 @@ int RecyclingList::rowForKey(int key) const {
 }
 
 void RecyclingList::keyPressEvent(QKeyEvent* event) {
-    if (!isSelectable() || rowCount() == 0) {
+    // What a row's own control has no use for comes here too, and is not about the selection.
+    if (!isSelectable() || rowCount() == 0 || !hasFocus()) {
         QAbstractScrollArea::keyPressEvent(event);
         return;
     }
@@ -335,6 +353,7 @@ void RecyclingList::mousePressEvent(QMouseEvent* event) {
         return;
     }
     const int row = rowAt(event->position().toPoint());
+    // Nothing scrolls here: what is under the pointer stays there for the rest of the click.
     if (row < 0) {
         selection_.clear();
     } else if (event->button() == Qt::RightButton) {
@@ -342,29 +361,38 @@ void RecyclingList::mousePressEvent(QMouseEvent* event) {
     } else {
         selection_.moveTo(row, event->modifiers(), true);
     }
-    selectionMoved();
+    showSelection();
+    Q_EMIT selectionChanged();
 }
 
 void RecyclingList::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int row = rowAt(event->position().toPoint());
-    if (isSelectable() && row >= 0 && event->button() == Qt::LeftButton) {
-        Q_EMIT rowActivated(row);
+    // The row of the press, which is the current one since; another may be under the pointer by now.
+    const bool isOnARow = rowAt(event->position().toPoint()) >= 0 && currentRow() >= 0;
+    if (isSelectable() && isOnARow && event->button() == Qt::LeftButton) {
+        Q_EMIT rowActivated(currentRow());
     }
 }
 
 void RecyclingList::contextMenuEvent(QContextMenuEvent* event) {
-    if (!isSelectable() || selectedRows().isEmpty()) {
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (!isSelectable() || selectedRows().isEmpty() || (isByKey && !hasFocus())) {
         return;
     }
-    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard && currentRow() >= 0;
-    const QPoint position =
-        isByKey ? viewport()->mapToGlobal(rowRect(currentRow()).center()) : event->globalPos();
+    const QPoint position = isByKey && currentRow() >= 0
+                                ? viewport()->mapToGlobal(rowRect(currentRow()).center())
+                                : event->globalPos();
     Q_EMIT menuRequested(position, selectedRows());
 }
 
 void RecyclingList::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    updateFrames();
+    const bool isByTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (isByTab && isSelectable() && currentRow() < 0 && rowCount() > 0) {
+        // Whoever comes by keyboard sees where they are; nothing is selected by that.
+        selection_.moveTo(0, Qt::ControlModifier, false);
+        scrollToRow(0);
+    }
+    showSelection();
 }
 
 void RecyclingList::focusOutEvent(QFocusEvent* event) {
@@ -374,13 +402,17 @@ void RecyclingList::focusOutEvent(QFocusEvent* event) {
 
 void RecyclingList::selectionMoved() {
     scrollToRow(currentRow());
+    showSelection();
+    Q_EMIT selectionChanged();
+}
+
+void RecyclingList::showSelection() {
     updateFrames();
     if (QAccessible::isActive() && hasFocus() && currentRow() >= 0) {
         QAccessibleEvent focused(this, QAccessible::Focus);
         focused.setChild(currentRow());
         QAccessible::updateAccessibility(&focused);
     }
-    Q_EMIT selectionChanged();
 }
 
 void RecyclingList::updateFrames() {

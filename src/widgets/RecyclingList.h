@@ -93,6 +93,7 @@ private:
     void followFocus(QWidget* focused);
     [[nodiscard]] int rowForKey(int key) const;
     void selectionMoved();
+    void showSelection();
     void updateFrames();
 
     RowSource& source_;

@@ -198,6 +198,22 @@ TEST_F(CommandsSettingsTest, Row_ShowsTheDefaultPhrases) {
     EXPECT_EQ(chipsOf(rewind).first()->tintOpacity(), 0.12);
 }
 
+TEST_F(CommandsSettingsTest, LongDescription_LeavesTheButtonsInSight) {
+    show();
+    for (int place = 0; place < categories().count(); ++place) {
+        categories().setCurrentRow(place);
+        turnOfTheLoop();
+        for (const VoiceCommand command : shownCommands()) {
+            addTrigger(row(command), QStringLiteral("one more"));
+            for (const char* name : {"reset", "pencil"}) {
+                const auto& button = find<Button>(row(command), name);
+                EXPECT_EQ(button.visibleRegion().boundingRect().right(), button.rect().right())
+                    << rawValue(command).toStdString() << ' ' << name;
+            }
+        }
+    }
+}
+
 TEST_F(CommandsSettingsTest, Pencil_OpensAndClosesTheTriggerEditor) {
     show();
     auto& play = row(VoiceCommand::play);
@@ -490,6 +506,27 @@ TEST_F(CommandsSettingsTest, ContextMenu_EditsAndDeletes) {
     menu->close();
 }
 
+TEST_F(CommandsSettingsTest, ContextMenuOverAListThatChanges_DeletesWhatItWasOpenedFor) {
+    CustomCommandList commands = fourCommands();
+    showCustom(commands);
+    const QPoint place = list().rowRect(2).center();
+    QTest::mouseClick(list().viewport(), Qt::RightButton, {}, place);
+    QContextMenuEvent wish(QContextMenuEvent::Mouse, place, list().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list().viewport(), &wish);
+    auto* menu = view->findChild<QMenu*>(QStringLiteral("rowMenu"));
+    ASSERT_NE(menu, nullptr);
+    commands.removeFirst();
+    controller().setCustomCommands(commands);
+    turnOfTheLoop();
+    menu->actions().at(1)->trigger();
+    turnOfTheLoop();
+    EXPECT_EQ(names(), QStringList({QStringLiteral("B"), QStringLiteral("D")}));
+    menu->actions().at(1)->trigger();
+    turnOfTheLoop();
+    EXPECT_EQ(names(), QStringList({QStringLiteral("B"), QStringLiteral("D")})) << "it is gone";
+    menu->close();
+}
+
 TEST_F(CommandsSettingsTest, ReturnAndDoubleClick_Edit) {
     showCustom(fourCommands());
     clickRow(0);
@@ -498,7 +535,9 @@ TEST_F(CommandsSettingsTest, ReturnAndDoubleClick_Edit) {
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(find<TextField>(*editor(), "name").text(), QStringLiteral("B"));
     click(find<Button>(*editor(), "cancel"));
+    clickRow(3);
     QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, list().rowRect(3).center());
+    QTest::mouseRelease(list().viewport(), Qt::LeftButton, {}, list().rowRect(3).center());
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(find<TextField>(*editor(), "name").text(), QStringLiteral("D"));
 }

@@ -133,6 +133,12 @@ TEST_F(SettingsViewTest, WakeWord_IsStoredWithEachKey) {
     EXPECT_EQ(hint().text(), QStringLiteral("Say 'yO ' to activate voice commands"));
 }
 
+TEST_F(SettingsViewTest, WakeWordSetByAssistiveTechnology_IsInForceAndStored) {
+    QAccessible::queryAccessibleInterface(&wakeWord())->setText(QAccessible::Value, QStringLiteral("yo"));
+    EXPECT_EQ(controller().wakeWord(), QStringLiteral("yo"));
+    EXPECT_EQ(stored("wakeWord"), QStringLiteral("yo"));
+}
+
 TEST_F(SettingsViewTest, WakeWordChangedInTheMiddle_KeepsTheCursor) {
     wakeWord().setFocus();
     wakeWord().setCursorPosition(3);
@@ -262,6 +268,18 @@ TEST_F(SettingsViewTest, Devices_AreChosenByTheirIdentity) {
     EXPECT_FALSE(controller().selectedAudioDevice());
 }
 
+TEST_F(SettingsViewTest, SameChoiceAgain_ChangesNothing) {
+    // The settings file is written with each change, and would say so.
+    pick(device(), 1);
+    pick(timeout(), 1);
+    ASSERT_TRUE(QFile::remove(path()));
+    Q_EMIT device().activated(1);
+    Q_EMIT timeout().activated(1);
+    EXPECT_FALSE(QFile::exists(path()));
+    Q_EMIT device().activated(2);
+    EXPECT_TRUE(QFile::exists(path()));
+}
+
 TEST_F(SettingsViewTest, StoredDeviceThatIsNotThere_MatchesNoChoice) {
     controller().setSelectedAudioDevice(QStringLiteral("unplugged"));
     view->setSelectedTab(SettingsView::Audio);
@@ -289,6 +307,16 @@ TEST_F(SettingsViewTest, ChangesWhileHidden_ShowWhenItIsShown) {
     EXPECT_FALSE(toggle("useWakeWord").isChecked());
     EXPECT_FALSE(wakeWord().isVisible());
     EXPECT_EQ(timeout().currentText(), QStringLiteral("5 minutes"));
+}
+
+TEST_F(SettingsViewTest, Pickers_AreNamedByTheirLabels) {
+    const std::initializer_list<std::pair<MenuPicker*, QString>> pickers = {
+        {&timeout(), QStringLiteral("Timeout after")}, {&device(), QStringLiteral("Input Device")}};
+    for (const auto& [picker, name] : pickers) {
+        const auto labels = QAccessible::queryAccessibleInterface(picker)->relations(QAccessible::Label);
+        ASSERT_EQ(labels.size(), 1) << name.toStdString();
+        EXPECT_EQ(labels.first().first->text(QAccessible::Name), name);
+    }
 }
 
 TEST_F(SettingsViewTest, EveryControl_HasANameForAssistiveTechnology) {

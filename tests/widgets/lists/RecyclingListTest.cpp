@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -196,6 +197,29 @@ TEST_F(RecyclingListTest, FewerRows_EndWhereTheyEnd) {
     expectNoGaps();
 }
 
+TEST_F(RecyclingListTest, RowWithTheKeyboardThatGoes_LeavesTheOthersInOrder) {
+    show();
+    for (const int position : {0, 800, 5000}) {
+        rows.count = 500;
+        list->reload();
+        list->verticalScrollBar()->setValue(position);
+        row(firstInSight() + 2).toggle->setFocus();
+        rows.count = 2;
+        list->reload();
+        expectNoGaps();
+    }
+    rows.count = 500;
+    list->reload();
+    row(1).toggle->setFocus();
+    rows.special = 1;
+    list->reload();
+    expectNoGaps();
+    for (const int position : {3000, 100, 9000, 0}) {
+        list->verticalScrollBar()->setValue(position);
+        expectNoGaps();
+    }
+}
+
 TEST_F(RecyclingListTest, Keys_MoveTheCurrentRow) {
     show();
     list->setFocus();
@@ -220,6 +244,41 @@ TEST_F(RecyclingListTest, Keys_MoveTheCurrentRow) {
     EXPECT_EQ(list->selectedRows().size(), 500);
 }
 
+TEST_F(RecyclingListTest, TabIntoTheList_MakesTheFirstRowCurrentAndSelectsNone) {
+    auto* before = new QPushButton;
+    show();
+    window.layout()->addWidget(before);
+    before->show();
+    before->setFocus();
+    turn();
+    list->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(list->currentRow(), 0);
+    EXPECT_TRUE(list->selectedRows().isEmpty());
+    list->selectRow(3);
+    before->setFocus();
+    list->setFocus(Qt::BacktabFocusReason);
+    EXPECT_EQ(list->currentRow(), 3);
+}
+
+TEST_F(RecyclingListTest, KeysInARowsOwnControl_DoNothingToTheSelection) {
+    show();
+    list->selectRow(2);
+    QSignalSpy deleted(list, &RecyclingList::deleteRequested);
+    QSignalSpy activated(list, &RecyclingList::rowActivated);
+    row(3).toggle->setFocus();
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Down, Qt::Key_End}) {
+        QTest::keyClick(row(3).toggle, key);
+    }
+    EXPECT_EQ(deleted.count(), 0);
+    EXPECT_EQ(activated.count(), 0);
+    EXPECT_EQ(list->selectedRows(), QList<int>({2}));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_EQ(activated.count(), 1);
+    EXPECT_EQ(deleted.count(), 1);
+}
+
 TEST_F(RecyclingListTest, Clicks_SelectByPlace) {
     show();
     const auto click = [this](int row, Qt::KeyboardModifiers modifiers = {}) {
@@ -235,6 +294,37 @@ TEST_F(RecyclingListTest, Clicks_SelectByPlace) {
     click(0);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(5, 190));
     EXPECT_TRUE(list->selectedRows().isEmpty());
+}
+
+TEST_F(RecyclingListTest, ClickInAHalfVisibleRow_MovesNothingUnderThePointer) {
+    show();
+    list->verticalScrollBar()->setValue(list->rowRect(0).height() / 4);
+    const int before = list->verticalScrollBar()->value();
+    ASSERT_GT(before, 0);
+    Switch* toggle = row(0).toggle;
+    const bool wasOn = toggle->isChecked();
+    QTest::mouseClick(toggle, Qt::LeftButton);
+    EXPECT_TRUE(toggle->hasFocus());
+    EXPECT_NE(toggle->isChecked(), wasOn);
+    EXPECT_EQ(list->verticalScrollBar()->value(), before);
+    QTest::mouseClick(list->frame(0), Qt::LeftButton, {}, QPoint(2, list->frame(0)->height() / 2));
+    EXPECT_EQ(list->selectedRows(), QList<int>({0}));
+    EXPECT_EQ(list->verticalScrollBar()->value(), before);
+}
+
+TEST_F(RecyclingListTest, DoubleClick_ActivatesTheRowOfThePress) {
+    show();
+    QSignalSpy activated(list, &RecyclingList::rowActivated);
+    list->setFocus();
+    const QPoint place = list->rowRect(2).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    // Whatever scrolls it meanwhile.
+    list->verticalScrollBar()->setValue(list->rowRect(1).height());
+    ASSERT_NE(list->rowAt(place), 2);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, place);
+    ASSERT_EQ(activated.count(), 1);
+    EXPECT_EQ(activated.first().first().toInt(), 2);
 }
 
 TEST_F(RecyclingListTest, Tab_GoesThroughTheRowsInTheirOrder) {
