@@ -75,7 +75,7 @@ TEST_F(VoiceControllerThreadsTest, SwitchedOffTenThousandTimesWhileSoundArrives_
         ASSERT_EQ(transcripts_, transcripts) << "cycle " << cycle;
         ASSERT_EQ(controller->audioLevel(), 0) << "cycle " << cycle;
     }
-    EXPECT_GT(transcripts_, 1000);
+    EXPECT_GT(transcripts_, 0) << "nothing was heard that could have come late";
 }
 
 TEST_F(VoiceControllerThreadsTest, CommandsErrorsAndDevicesRestartIt_EachCommandIsCarriedOutOnce) {
