@@ -51,7 +51,7 @@ void print(const std::optional<FailureRecord>& lastFailure, bool json, std::ostr
     if (!json) {
         const QString text =
             lastFailure ? lastFailure->when.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss  ")) +
-                              lastFailure->text
+                              lastFailure->text.simplified()
                         : QStringLiteral("none");
         out << "– " << subject.leftJustified(subjectWidth).toStdString() << ' ' << text.toStdString() << '\n';
     } else if (lastFailure) {
