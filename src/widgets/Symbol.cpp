@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QHash>
-#include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -54,31 +53,6 @@ QImage tinted(QSvgRenderer& symbol, const QSizeF& size, const QColor& color, dou
     return image;
 }
 
-class SymbolIconEngine final : public QIconEngine {
-public:
-    SymbolIconEngine(QString name, const QColor& color) : name_(std::move(name)), color_(color) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-        QColor color = color_;
-        if (mode == QIcon::Disabled) {
-            color.setAlphaF(color.alphaF() * 0.4F);
-        }
-        paintSymbol(*painter, name_, rect, color);
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return pixmap;
-    }
-    [[nodiscard]] QIconEngine* clone() const override { return new SymbolIconEngine(*this); }
-
-private:
-    QString name_;
-    QColor color_;
-};
-
 } // namespace
 
 bool paintSymbol(QPainter& painter, const QString& name, const QRectF& rect, const QColor& color) {
@@ -96,10 +70,6 @@ QPixmap symbolPixmap(const QString& name, int side, const QColor& color, double 
     return symbol == nullptr
                ? QPixmap()
                : QPixmap::fromImage(tinted(*symbol, QSizeF(side, side), color, devicePixelRatio));
-}
-
-QIcon symbolIcon(const QString& name, const QColor& color) {
-    return QIcon(new SymbolIconEngine(name, color)); // the icon owns it
 }
 
 QPixmap resourceImage(const QString& name, int side, double devicePixelRatio) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <QIcon>
 #include <QPixmap>
 #include <QSizeF>
 #include <QString>
@@ -20,9 +19,6 @@ bool paintSymbol(QPainter& painter, const QString& name, const QRectF& rect, con
 /// side is in device-independent pixels; a null pixmap when there is no such symbol.
 [[nodiscard]] QPixmap symbolPixmap(const QString& name, int side, const QColor& color,
                                    double devicePixelRatio);
-
-/// For menus and buttons of Qt's own; painted in the colour at whatever size it is asked for.
-[[nodiscard]] QIcon symbolIcon(const QString& name, const QColor& color);
 
 /// An image of the program's resources ("logo-square") that keeps its own colours, as large as fits into a
 /// square; a null pixmap when there is none.
