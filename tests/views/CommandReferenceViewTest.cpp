@@ -1,5 +1,6 @@
 #include "views/CommandReferenceView.h"
 
+#include "listening/SpokenTrial.h"
 #include "support/ScriptedListening.h"
 #include "views/ReferenceRows.h"
 #include "widgets/Button.h"
@@ -96,7 +97,8 @@ protected:
     }
 
     ScriptedListening listening;
-    CommandReferenceView view{listening.controller, *listening.scripted.platform->mainQueue};
+    SpokenTrial spokenTrial{listening.controller, *listening.scripted.platform};
+    CommandReferenceView view{listening.controller, *listening.scripted.platform->mainQueue, spokenTrial};
 };
 
 TEST_F(CommandReferenceViewTest, AtFirst_ListsTransport) {

@@ -85,6 +85,13 @@ void ScriptedBeeper::beep() {
     sink_("beep", nlohmann::ordered_json::object());
 }
 
+ExpectedPhrases ScriptedPronunciationGuide::expect(const QSet<QString>& phrases) const {
+    ExpectedPhrases expected = known;
+    expected.removeIf(
+        [&phrases](ExpectedPhrases::iterator phrase) { return !phrases.contains(phrase.key()); });
+    return expected;
+}
+
 std::optional<QString> ScriptedKeyboardLayout::characterForKeyCode(std::uint16_t keyCode) const {
     // By virtual key code from 0; a blank where the code is none of a character key.
     constexpr QStringView characters = u"asdfhgzxcv bqweryt123465=97-80]ou[ip lj'k;\\,/nm.";

@@ -5,6 +5,7 @@
 #include "platform/KeyboardLayout.h"
 #include "platform/Notifier.h"
 #include "platform/Permissions.h"
+#include "platform/PronunciationGuide.h"
 #include "platform/ScriptHost.h"
 #include "platform/WorkQueue.h"
 #include "platform/scripted/EventSink.h"
@@ -82,6 +83,14 @@ public:
 
 private:
     EventSink sink_;
+};
+
+/// Knows the phrases that it was told.
+class ScriptedPronunciationGuide final : public PronunciationGuide {
+public:
+    [[nodiscard]] ExpectedPhrases expect(const QSet<QString>& phrases) const override;
+
+    ExpectedPhrases known;
 };
 
 /// The letters and digits of an ANSI keyboard with a US layout, by which labels come out the same everywhere.
