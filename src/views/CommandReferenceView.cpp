@@ -103,7 +103,7 @@ CommandReferenceView::CommandReferenceView(VoiceController& controller, MainQueu
     , shownFor_(selection_, QString())
     , sidebar_(new ChoiceList)
     , search_(new TextField(QStringLiteral("Search commands..."), QStringLiteral("Search commands")))
-    , trial_(new PhraseTrialView(controller, spokenTrial))
+    , trial_(new PhraseTrialView(controller, mainQueue, spokenTrial))
     , title_(new Label(QString(), TextStyle::Title2))
     , copied_(new Label(QString(), TextStyle::Caption, NamedColor::Secondary))
     , list_(new RecyclingList(*this, RecyclingList::Selection::None, RecyclingList::Separators::None))

@@ -13,10 +13,16 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 namespace brivandel {
 
 namespace {
 
+using namespace std::chrono_literals;
+
+// A key that is held may arrive as many short presses, some 30 ms apart: X repeats it so.
+constexpr auto releaseCountsAfter = 100ms;
 constexpr int fieldSymbolSide = 15;
 constexpr int rowSpacing = 6;
 constexpr int plateCornerRadius = 8;
@@ -56,9 +62,11 @@ OutcomeText outcomeText(const QString& phrase, const PhraseSettings& settings, c
     return text;
 }
 
-PhraseTrialView::PhraseTrialView(VoiceController& controller, SpokenTrial& spokenTrial, QWidget* parent)
+PhraseTrialView::PhraseTrialView(VoiceController& controller, MainQueue& mainQueue, SpokenTrial& spokenTrial,
+                                 QWidget* parent)
     : QWidget(parent)
     , controller_(controller)
+    , mainQueue_(mainQueue)
     , spokenTrial_(spokenTrial)
     , phrase_(new TextField(QStringLiteral("Try a phrase..."), QStringLiteral("Try a phrase")))
     , speak_(Button::withSymbol(QStringLiteral("mic.fill"), QStringLiteral("Hold to speak")))
@@ -81,8 +89,8 @@ PhraseTrialView::PhraseTrialView(VoiceController& controller, SpokenTrial& spoke
     stack->addWidget(outcome_);
 
     connect(phrase_, &TextField::textChanged, refresh_, &ViewRefresh::request);
-    connect(speak_, &Button::pressed, this, &PhraseTrialView::beginSpeaking);
-    connect(speak_, &Button::released, &spokenTrial, &SpokenTrial::end);
+    connect(speak_, &Button::pressed, this, &PhraseTrialView::press);
+    connect(speak_, &Button::released, this, &PhraseTrialView::release);
     connect(&spokenTrial, &SpokenTrial::heard, phrase_, &TextField::setText);
     connect(&spokenTrial, &SpokenTrial::stateChanged, refresh_, &ViewRefresh::request);
     for (const auto signal :
@@ -91,6 +99,11 @@ PhraseTrialView::PhraseTrialView(VoiceController& controller, SpokenTrial& spoke
         connect(&controller, signal, this, &PhraseTrialView::settingsChanged);
     }
     showOutcome();
+}
+
+PhraseTrialView::~PhraseTrialView() {
+    delete speak_; // it may be held, and says so when it goes
+    spokenTrial_.end();
 }
 
 Plate* PhraseTrialView::makeOutcome() {
@@ -110,13 +123,21 @@ Plate* PhraseTrialView::makeOutcome() {
 }
 
 void PhraseTrialView::hideEvent(QHideEvent* event) {
+    releasing_.reset();
     spokenTrial_.end();
     QWidget::hideEvent(event);
 }
 
-void PhraseTrialView::beginSpeaking() {
-    phrase_->clear();
-    spokenTrial_.begin();
+void PhraseTrialView::press() {
+    releasing_.reset();
+    if (!spokenTrial_.isListening()) {
+        phrase_->clear();
+        spokenTrial_.begin();
+    }
+}
+
+void PhraseTrialView::release() {
+    releasing_ = mainQueue_.startTimer(releaseCountsAfter, [this] { spokenTrial_.end(); });
 }
 
 void PhraseTrialView::showState() {

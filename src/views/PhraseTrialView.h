@@ -1,11 +1,13 @@
 #pragma once
 
 #include "engine/PhraseTrial.h"
+#include "platform/MainQueue.h"
 
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 namespace brivandel {
@@ -33,8 +35,10 @@ struct OutcomeText {
 class PhraseTrialView final : public QWidget {
     Q_OBJECT
 public:
-    /// Both must outlive it.
-    PhraseTrialView(VoiceController& controller, SpokenTrial& spokenTrial, QWidget* parent = nullptr);
+    /// All three must outlive it.
+    PhraseTrialView(VoiceController& controller, MainQueue& mainQueue, SpokenTrial& spokenTrial,
+                    QWidget* parent = nullptr);
+    ~PhraseTrialView() override;
 
 protected:
     /// A trial ends with the window.
@@ -42,13 +46,15 @@ protected:
 
 private:
     [[nodiscard]] Plate* makeOutcome();
-    void beginSpeaking();
+    void press();
+    void release();
     void showState();
     void showOutcome();
     void showText(const OutcomeText& text);
     void settingsChanged();
 
     VoiceController& controller_;
+    MainQueue& mainQueue_;
     SpokenTrial& spokenTrial_;
     std::optional<PhraseTrial> trial_; // by the settings in force, made when one is wanted
     TextField* phrase_;
@@ -57,6 +63,7 @@ private:
     Label* details_;
     Plate* outcome_;
     ViewRefresh* refresh_;
+    std::unique_ptr<Timer> releasing_;
 };
 
 } // namespace brivandel
