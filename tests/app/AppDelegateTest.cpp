@@ -3,6 +3,7 @@
 #include "app/AppWindow.h"
 #include "app/Popover.h"
 #include "platform/scripted/ScriptedDesktop.h"
+#include "settings/CustomCommandEditorView.h"
 #include "settings/SettingsView.h"
 #include "support/ScriptedListening.h"
 #include "views/CommandReferenceView.h"
@@ -203,6 +204,26 @@ TEST_F(AppDelegateTest, PencilOfTheReference_OpensTheCommandsTriggers) {
     QCoreApplication::processEvents();
     EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::Commands);
     EXPECT_NE(settings->findChild<QWidget*>(rawValue(VoiceCommand::clickOn)), nullptr);
+}
+
+TEST_F(AppDelegateTest, PencilOfACustomCommand_OpensItsEditor) {
+    const CustomCommand command{.id = QUuid::createUuid(),
+                                .name = QStringLiteral("Mixer"),
+                                .triggers = {QStringLiteral("mixer")},
+                                .capturedKey = {}};
+    listening.controller.setCustomCommands({command});
+    launch();
+    item(3).trigger();
+    Q_EMIT window("Voice Commands Reference")
+        ->findChild<CommandReferenceView*>()
+        ->editCustomCommandRequested(command.id);
+    auto* settings = window("Brivandel Settings");
+    ASSERT_NE(settings, nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::Commands);
+    const auto* editor = settings->findChild<CustomCommandEditorView*>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->findChild<QLineEdit*>(QStringLiteral("name"))->text(), QStringLiteral("Mixer"));
 }
 
 TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {

@@ -246,6 +246,18 @@ TEST_F(CommandReferenceViewTest, Pencil_AsksForTheCommandsTriggers) {
     EXPECT_EQ(requests[0][0].value<VoiceCommand>(), VoiceCommand::play);
 }
 
+TEST_F(CommandReferenceViewTest, PencilOfACustomCommand_AsksForItsEditor) {
+    const CustomCommand command = customCommand(QStringLiteral("Mixer"), {QStringLiteral("mixer")});
+    setCustomCommands({command});
+    choose(Custom);
+    const QSignalSpy requests(&view, &CommandReferenceView::editCustomCommandRequested);
+    auto* pencil = firstRow<CustomCommandReferenceRow>().findChild<Button*>(QStringLiteral("pencil"));
+    EXPECT_EQ(pencil->toolTip(), QStringLiteral("Edit command"));
+    QTest::mouseClick(pencil, Qt::LeftButton);
+    ASSERT_EQ(requests.size(), 1);
+    EXPECT_EQ(requests[0][0].value<QUuid>(), command.id);
+}
+
 TEST_F(CommandReferenceViewTest, Copy_TakesTheFirstTriggerInForceAndSaysSoForAMoment) {
     listening.controller.setBuiltInTriggerOverrides({{QStringLiteral("play"), {QStringLiteral("go on")}}});
     turnOfTheLoop();
