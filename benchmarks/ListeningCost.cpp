@@ -109,6 +109,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_STATE_HOME", home.path().toLocal8Bit());
     const QCoreApplication application(argc, argv);
 
     const auto platform = makePlatform({.target = QStringLiteral("no workstation")});

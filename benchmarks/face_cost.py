@@ -45,7 +45,7 @@ def measure(process, what):
 def main():
     program, speech = sys.argv[1:3]
     with tempfile.TemporaryDirectory() as home:
-        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config")
+        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config", XDG_STATE_HOME=home + "/state")
 
         def ask(request):
             subprocess.run([program, request], env=environment, check=True)

@@ -94,6 +94,7 @@ QProcessEnvironment environmentOfItsOwn(const QString& folder) {
     environment.remove(QStringLiteral("BRIVANDEL_TARGET"));
     environment.insert(QStringLiteral("HOME"), folder);
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder);
+    environment.insert(QStringLiteral("XDG_STATE_HOME"), folder);
     return environment;
 }
 

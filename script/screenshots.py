@@ -49,6 +49,7 @@ class Session:
         self.desktop, self.appearance, self.scale = desktop, appearance, scale
         self.home = tempfile.TemporaryDirectory()
         self.environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name + "/config",
+                                XDG_STATE_HOME=self.home.name + "/state",
                                 QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_SCALE_FACTOR=str(scale))
         self.environment.pop("NO_AT_BRIDGE", None)
         folder = self.home.name + "/config/brivandel"

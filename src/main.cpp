@@ -11,5 +11,6 @@ int main(int argc, char* argv[]) {
     }
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("brivandel"));
-    return brivandel::runCommandLine(argc, argv, {std::cin, std::cout, std::cerr});
+    return brivandel::runCommandLine(argc, argv, {std::cin, std::cout, std::cerr},
+                                     brivandel::appOptionsHelp());
 }

@@ -12,6 +12,7 @@
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <ostream>
@@ -31,14 +32,26 @@ struct Options {
     std::optional<Appearance> appearance;
 };
 
+constexpr std::size_t descriptionColumn = 30; // where a help text of the headless face has it
+
 const auto appearanceOption = QStringLiteral("appearance");
+
+struct RequestOption {
+    LaunchRequest request;
+    const char* description;
+};
+constexpr std::array requestOptions{
+    RequestOption{LaunchRequest::Toggle, "Switch listening on or off"},
+    RequestOption{LaunchRequest::Popover, "Show the status, or close it"},
+    RequestOption{LaunchRequest::Settings, "Open the settings"},
+    RequestOption{LaunchRequest::Commands, "Open the command reference"},
+    RequestOption{LaunchRequest::Quit, "End the program"},
+};
 
 // What was asked for, or in words what is wrong with it.
 std::variant<Options, QString> parse(const QStringList& arguments) {
     QCommandLineParser parser;
-    constexpr std::array requests{LaunchRequest::Toggle, LaunchRequest::Popover, LaunchRequest::Settings,
-                                  LaunchRequest::Commands, LaunchRequest::Quit};
-    for (const auto request : requests) {
+    for (const auto& [request, description] : requestOptions) {
         parser.addOption(QCommandLineOption(wordFor(request)));
     }
     parser.addOption(QCommandLineOption(appearanceOption, QString(), QStringLiteral("light or dark")));
@@ -49,7 +62,7 @@ std::variant<Options, QString> parse(const QStringList& arguments) {
         return QStringLiteral("'%1' is not understood").arg(parser.positionalArguments().constFirst());
     }
     Options options;
-    for (const auto request : requests) {
+    for (const auto& [request, description] : requestOptions) {
         if (!parser.isSet(wordFor(request))) {
             continue;
         }
@@ -81,6 +94,22 @@ bool isAppRequest(int argumentCount, const char* const* arguments) {
     }
     const QString name = first.mid(2).section(u'=', 0, 0);
     return name == appearanceOption || (name != QStringLiteral("none") && launchRequestFor(name));
+}
+
+std::string appOptionsHelp() {
+    const auto line = [](const QString& option, const char* description) {
+        std::string text = "  --" + option.toStdString();
+        text.resize(std::max(descriptionColumn, text.size() + 1), ' ');
+        return text + description + '\n';
+    };
+    std::string help =
+        "Without a subcommand it shows its item in the status area. One program runs for one user; a "
+        "further\nstart hands its request to it and ends:\n";
+    for (const auto& [request, description] : requestOptions) {
+        help += line(wordFor(request), description);
+    }
+    return help +
+           line(appearanceOption + QStringLiteral(" light|dark"), "Look so, whatever the desktop says");
 }
 
 int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 namespace brivandel {
 
@@ -10,5 +11,8 @@ namespace brivandel {
 
 /// Whether the arguments ask for it, and not for a subcommand of the headless face.
 [[nodiscard]] bool isAppRequest(int argumentCount, const char* const* arguments);
+
+/// The options that ask for it, as lines of a help text.
+[[nodiscard]] std::string appOptionsHelp();
 
 } // namespace brivandel

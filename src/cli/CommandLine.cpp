@@ -22,6 +22,7 @@ constexpr auto adders = std::to_array({
     addReplayCommand,
     addDevicesCommand,
     addDoctorCommand,
+    addAutostartCommand,
 });
 
 // The command that an error is about: the subcommand that was named, if one was.
@@ -42,7 +43,8 @@ std::string oneLine(std::string text) {
 
 } // namespace
 
-int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal) {
+int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal,
+                   const std::string& otherOptions) {
     CLI::App app("Brivandel listens for spoken commands and sends their keys to Logic Pro.", "brivandel");
     app.set_version_flag("--version", "brivandel " BRIVANDEL_VERSION);
     app.require_subcommand(1);
@@ -50,6 +52,7 @@ int runCommandLine(int argumentCount, const char* const* arguments, const Termin
     for (const auto add : adders) {
         add(app, subcommands);
     }
+    app.footer(otherOptions); // after the subcommands, which would take it over
 
     // The parser itself would only say that a subcommand is missing.
     if (argumentCount > 1 && arguments[1][0] != '-' && !isSubcommand(subcommands, arguments[1])) {

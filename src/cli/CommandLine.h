@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 namespace brivandel {
 
@@ -18,7 +19,9 @@ enum ExitStatus : int {
     badUsage = 2, ///< the call, or a scenario, is not of the form that is understood
 };
 
-/// Runs a subcommand and returns the process's exit status.
-[[nodiscard]] int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal);
+/// Runs a subcommand and returns the process's exit status. otherOptions: what else the program can be asked,
+/// for the end of its help.
+[[nodiscard]] int runCommandLine(int argumentCount, const char* const* arguments, const Terminal& terminal,
+                                 const std::string& otherOptions = {});
 
 } // namespace brivandel

@@ -23,5 +23,6 @@ void addListenCommand(CLI::App& app, Subcommands& subcommands);
 void addReplayCommand(CLI::App& app, Subcommands& subcommands);
 void addDevicesCommand(CLI::App& app, Subcommands& subcommands);
 void addDoctorCommand(CLI::App& app, Subcommands& subcommands);
+void addAutostartCommand(CLI::App& app, Subcommands& subcommands);
 
 } // namespace brivandel

@@ -19,6 +19,7 @@ TEST_F(CommandLineTest, BadUsage_EndsWithTwoAndOneLine) {
         {"replay", "--only", "lgo"},
         {"try", "--json"},
         {"script", "a", "b"},
+        {"autostart", "maybe"},
     };
     for (const auto& call : calls) {
         const auto result = run(call);
@@ -38,7 +39,7 @@ TEST_F(CommandLineTest, UnknownSubcommand_IsNamed) {
 
 TEST_F(CommandLineTest, Help_IsThereForEverySubcommand) {
     EXPECT_THAT(run({"--help"}).out, HasSubstr("transcribe"));
-    for (const char* name : {"commands", "try", "listen", "transcribe", "script", "replay"}) {
+    for (const char* name : {"commands", "try", "listen", "transcribe", "script", "replay", "autostart"}) {
         const auto result = run({name, "--help"});
         EXPECT_EQ(result.status, 0);
         EXPECT_THAT(result.out, HasSubstr("--json"));
@@ -47,6 +48,16 @@ TEST_F(CommandLineTest, Help_IsThereForEverySubcommand) {
 
 TEST_F(CommandLineTest, Version_IsTold) {
     EXPECT_EQ(run({"--version"}).out, "brivandel 1.4\n");
+}
+
+TEST_F(CommandLineTest, Autostart_SaysHowItStandsAndIsSwitched) {
+    EXPECT_EQ(run({"autostart"}).out, "off\n");
+    const std::string entry =
+        writeFile(QStringLiteral("config/autostart/brivandel.desktop"), "[Desktop Entry]\n");
+    EXPECT_EQ(run({"autostart"}).out, "on, by " + entry + '\n');
+    EXPECT_EQ(run({"autostart", "--json"}).out, R"({"autostart":true,"file":")" + entry + "\"}\n");
+    EXPECT_EQ(run({"autostart", "off"}).out, "off\n");
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(entry)));
 }
 
 TEST_F(CommandLineTest, Commands_AreListedByCategoryWithTheTriggersInForce) {

@@ -43,6 +43,8 @@ void LogFile::write(const QString& message) {
     }
     QSaveFile whole(path_);
     if (!file.exists() && whole.open(QIODevice::WriteOnly)) {
+        // It holds what was heard, and the folders above it may be open to others.
+        whole.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         whole.write(line);
         whole.commit();
     }

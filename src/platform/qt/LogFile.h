@@ -11,7 +11,7 @@ namespace brivandel {
 
 /// The diagnostic log as a text file, one "[2026-11-15T23:22:41Z] message" line a message, UTF-8. Each
 /// message opens and closes the file, so that what was written before a crash is there; nothing is ever
-/// trimmed.
+/// trimmed. A file that it makes is readable by its owner alone.
 class LogFile final : public DiagnosticLog {
 public:
     using WallClock = std::function<MainQueue::WallTime()>;

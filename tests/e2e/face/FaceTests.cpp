@@ -39,6 +39,7 @@ protected:
     Face() {
         qputenv("HOME", folder_.path().toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", folder_.filePath(QStringLiteral("config")).toLocal8Bit());
+        qputenv("XDG_STATE_HOME", folder_.filePath(QStringLiteral("state")).toLocal8Bit());
     }
 
     void startTray() {

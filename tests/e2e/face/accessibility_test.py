@@ -36,7 +36,7 @@ class Accessibility(unittest.TestCase):
     def setUp(self):
         self.home = tempfile.TemporaryDirectory()
         self.environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name + "/config",
-                                QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+                                XDG_STATE_HOME=self.home.name + "/state", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self.environment.pop("NO_AT_BRIDGE", None)
         self.program = subprocess.Popen([PROGRAM], env=self.environment)
         self.welcome = self.desktop.window(WELCOME)

@@ -32,6 +32,14 @@ TEST_F(LogFileTest, FirstMessage_MakesTheFile) {
     EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList(QStringLiteral("Brivandel.log")));
 }
 
+TEST_F(LogFileTest, File_IsReadableByItsOwnerAlone) {
+    log_.write(QStringLiteral("Heard: a secret"));
+    constexpr auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+                            QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+    EXPECT_FALSE(QFile::permissions(path_) & others);
+    EXPECT_TRUE(QFile::permissions(path_).testFlag(QFileDevice::ReadOwner));
+}
+
 TEST_F(LogFileTest, LaterMessages_AreAppended) {
     log_.write(QStringLiteral("one"));
     now_ += std::chrono::hours{24};
