@@ -206,9 +206,14 @@ SettingsView& AppDelegate::settingsView() {
     return static_cast<SettingsView&>(settingsWindow_->view());
 }
 
+void AppDelegate::present(AppWindow& window) {
+    window.present();
+    desktop_.activation->activate();
+}
+
 void AppDelegate::openSettings() {
     static_cast<void>(settingsView());
-    settingsWindow_->present();
+    present(*settingsWindow_);
 }
 
 void AppDelegate::showCommands() {
@@ -226,7 +231,7 @@ void AppDelegate::showCommands() {
         commandWindow_ = std::make_unique<AppWindow>(QStringLiteral("Voice Commands Reference"),
                                                      commandWindowSize, AppWindow::Resizing::Free, view);
     }
-    commandWindow_->present();
+    present(*commandWindow_);
 }
 
 void AppDelegate::showSetup() {
@@ -242,7 +247,7 @@ void AppDelegate::showWelcomeWindow() {
                                                      welcomeWindowSize, AppWindow::Resizing::Fixed,
                                                      new WelcomeView([this] { welcomeWindow_->close(); }));
     }
-    welcomeWindow_->present();
+    present(*welcomeWindow_);
 }
 
 void AppDelegate::sayThatThereIsNoStatusArea() const {

@@ -53,6 +53,7 @@ Q_SIGNALS:
 
 private:
     void showWelcomeWindow();
+    void present(AppWindow& window);
     [[nodiscard]] SettingsView& settingsView();
     void makePopover();
     void setupMenu();
