@@ -38,12 +38,36 @@ configure_darwin() {
   }
 }
 
-# build_darwin ARCHITECTURE TARGET...
-build_darwin() {
-  local architecture=$1
-  shift
-  ninja -C "$work/$architecture" -j "${MACOS_CHECKS_JOBS:-1}" "$@" >"$work/$architecture.built" 2>&1 || {
-    grep -v '^/usr/bin/ccache' "$work/$architecture.built"
+# build_adapters ARCHITECTURE [SUFFIX]: the objects of the adapters, or of those with that suffix; what they would be linked
+# with is compiled elsewhere.
+build_adapters() {
+  local objects
+  mapfile -t objects < <(ninja -C "$work/$1" -t targets all | sed -n "s/^\(.*brivandel_system.dir\/[^ ]*${2:-}\.o\): .*/\1/p")
+  [ ${#objects[@]} -gt 0 ] || fail "there are no adapters"
+  ninja -C "$work/$1" -j "${MACOS_CHECKS_JOBS:-1}" "${objects[@]}" >"$work/$1.built" 2>&1 || {
+    grep -v '^/usr/bin/ccache' "$work/$1.built"
+    fail "the adapters do not compile for $1"
+  }
+}
+
+# configure_standin: the adapters over doubles of the frameworks.
+configure_standin() {
+  [ -f "$work/standin/build.ninja" ] && return
+  cmake -S "$checks/standin" -B "$work/standin" -G Ninja -DCMAKE_CXX_COMPILER="$(command -v clang++-19)" \
+    -DCMAKE_OBJCXX_COMPILER="$(command -v clang++-19)" >"$work/standin.configured" 2>&1 || {
+    cat "$work/standin.configured"
+    fail "the stand-in cannot be configured"
+  }
+}
+
+build_standin() {
+  ninja -C "$work/standin" -j "${MACOS_CHECKS_JOBS:-1}" >"$work/standin.built" 2>&1 || {
+    cat "$work/standin.built"
     return 1
   }
+}
+
+run_standin() {
+  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+    timeout 60 "$work/standin/adapters_test" --gtest_brief=1
 }
