@@ -1,7 +1,8 @@
 #include "AdapterTest.h"
 #include "platform/macos/MacServices.h"
 
-#include <thread>
+#include <chrono>
+#include <future>
 
 namespace brivandel {
 
@@ -51,16 +52,20 @@ TEST_F(ScriptHostTest, ErrorWithoutADictionary_IsAnError) {
 }
 
 TEST_F(ScriptHostTest, ScriptsOfTwoHosts_TakeTurns) {
-    // The second is asked for while the first runs; whether it waits is seen when it has had its chance.
+    // The second is asked for while the first runs, and has time enough to end before it if nothing holds it up.
+    using namespace std::chrono_literals;
     const auto other = makeMacScriptHost();
-    std::thread second;
-    world().duringScript = [&] {
+    std::future<void> second;
+    std::future_status secondBeforeTheFirst{};
+    const auto first = [&] {
         world().duringScript = {};
-        second = std::thread([&] { static_cast<void>(other->run(QStringLiteral("second"))); });
-        std::this_thread::yield();
+        second = std::async(std::launch::async, [&] { static_cast<void>(other->run(QStringLiteral("second"))); });
+        secondBeforeTheFirst = second.wait_for(100ms);
     };
+    world().duringScript = first;
     EXPECT_FALSE(host->run(QStringLiteral("first")));
-    second.join();
+    second.wait();
+    EXPECT_EQ(secondBeforeTheFirst, std::future_status::timeout);
     EXPECT_EQ(calls(), QStringList({QStringLiteral("script first"), QStringLiteral("script second")}));
 }
 
