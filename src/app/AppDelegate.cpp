@@ -208,9 +208,14 @@ SettingsView& AppDelegate::settingsView() {
     return static_cast<SettingsView&>(settingsWindow_->view());
 }
 
+void AppDelegate::present(AppWindow& window) {
+    window.present();
+    desktop_.activation->activate();
+}
+
 void AppDelegate::openSettings() {
     static_cast<void>(settingsView());
-    settingsWindow_->present();
+    present(*settingsWindow_);
 }
 
 void AppDelegate::showCommands() {
@@ -233,7 +238,7 @@ void AppDelegate::showCommands() {
         commandWindow_ = std::make_unique<AppWindow>(QStringLiteral("Voice Commands Reference"),
                                                      commandWindowSize, AppWindow::Resizing::Free, view);
     }
-    commandWindow_->present();
+    present(*commandWindow_);
 }
 
 void AppDelegate::showSetup() {
@@ -249,7 +254,7 @@ void AppDelegate::showWelcomeWindow() {
                                                      welcomeWindowSize, AppWindow::Resizing::Fixed,
                                                      new WelcomeView([this] { welcomeWindow_->close(); }));
     }
-    welcomeWindow_->present();
+    present(*welcomeWindow_);
 }
 
 void AppDelegate::sayThatThereIsNoStatusArea() const {

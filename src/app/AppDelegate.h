@@ -55,6 +55,7 @@ Q_SIGNALS:
 
 private:
     void showWelcomeWindow();
+    void present(AppWindow& window);
     [[nodiscard]] SettingsView& settingsView();
     void makePopover();
     void setupMenu();

@@ -262,6 +262,17 @@ TEST_F(AppDelegateTest, DesktopsAppearance_IsFollowedWhileRunning) {
     EXPECT_EQ(appearanceOf(welcomeWindow()->palette()), Appearance::Light);
 }
 
+TEST_F(AppDelegateTest, WindowThatIsAskedFor_BringsTheProgramToTheFront) {
+    launch();
+    EXPECT_EQ(scripted.activation.count(), 1) << "for the walkthrough";
+    delegate.openSettings();
+    EXPECT_EQ(scripted.activation.count(), 2);
+    delegate.showCommands();
+    EXPECT_EQ(scripted.activation.count(), 3);
+    delegate.handle(LaunchRequest::Popover);
+    EXPECT_EQ(scripted.activation.count(), 3) << "the panel leaves the workstation in front";
+}
+
 TEST_F(AppDelegateTest, DesktopWithoutStatusArea_IsSaidOnceAfterAWhile) {
     scripted.statusArea.setIsThere(false);
     launch();

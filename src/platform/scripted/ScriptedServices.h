@@ -98,8 +98,7 @@ class ScriptedKeyboardLayout final : public KeyboardLayout {
 public:
     [[nodiscard]] std::optional<QString> characterForKeyCode(std::uint16_t keyCode) const override;
     /// Its scan codes are key codes from 1 instead of from 0, so that 0 is no key.
-    [[nodiscard]] std::optional<std::uint16_t>
-    keyCodeForNativeScanCode(std::uint32_t scanCode) const override;
+    [[nodiscard]] std::optional<std::uint16_t> keyCodeForNativeKey(NativeKey key) const override;
 };
 
 } // namespace brivandel
