@@ -60,8 +60,9 @@ configure_standin() {
   }
 }
 
+# build_standin [TARGET]: everything but the replay, unless it is asked for.
 build_standin() {
-  ninja -C "$work/standin" -j "${MACOS_CHECKS_JOBS:-1}" >"$work/standin.built" 2>&1 || {
+  ninja -C "$work/standin" -j "${MACOS_CHECKS_JOBS:-1}" "$@" >"$work/standin.built" 2>&1 || {
     cat "$work/standin.built"
     return 1
   }

@@ -42,8 +42,8 @@ static void raiseIfAsked() {
 + (AVAudioFormat*)formatOf:(const Input&)input {
     AVAudioFormat* format = [[AVAudioFormat alloc] init];
     format->_input = input;
-    format->_description.mFormatID = 'lpcm';
-    format->_description.mBitsPerChannel = 32;
+    format->_description.mFormatID = input.formatID;
+    format->_description.mBitsPerChannel = input.bitsPerChannel;
     return format;
 }
 - (instancetype)initStandardFormatWithSampleRate:(double)sampleRate channels:(AVAudioChannelCount)channels {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-// Blocks as clang lays them out, from the public specification of their implementation ("Block-ABI-Apple").
+// Blocks as clang lays them out, from the public description of how they are made ("Block-ABI-Apple").
 extern "C" {
 void* _NSConcreteStackBlock[32];
 void* _NSConcreteGlobalBlock[32];

@@ -26,6 +26,8 @@ struct Input {
     double sampleRateHz = 48000;
     std::uint32_t channelCount = 1;
     bool isInterleaved = false;
+    std::uint32_t formatID = 0x6c70636d; ///< 'lpcm'
+    std::uint32_t bitsPerChannel = 32;
 };
 
 /// The error of a script that fails: under each key a text, a number, or a list of two numbers, which is a
@@ -86,6 +88,10 @@ void hear(const QString& text, bool isFinal);
 void failRecognition(const QString& description, int sessionsBefore = 0);
 /// The newest session delivers both at once.
 void hearAndFail(const QString& text, const QString& description);
+/// Which session is the newest, and the same for one of those before.
+const void* newestSession();
+void deliverTo(const void* session, const std::optional<QString>& text, bool isFinal,
+               const std::optional<QString>& failure);
 /// The frames of each channel that were given to the newest request.
 std::vector<std::vector<float>> appended();
 

@@ -120,6 +120,21 @@ void standin::hearAndFail(const QString& heard, const QString& description) {
     }
 }
 
+const void* standin::newestSession() {
+    return tasks().empty() ? nullptr : tasks().back();
+}
+
+void standin::deliverTo(const void* session, const std::optional<QString>& heard, bool isFinal,
+                        const std::optional<QString>& failure) {
+    @autoreleasepool {
+        const auto found = std::ranges::find(tasks(), session);
+        if (found != tasks().end()) {
+            deliver(heard ? result(*heard, isFinal) : nil, failure ? error(*failure) : nil,
+                    static_cast<std::size_t>(tasks().end() - found) - 1);
+        }
+    }
+}
+
 static std::vector<void (^)(SFSpeechRecognizerAuthorizationStatus)>& authorizationHandlers() {
     static std::vector<void (^)(SFSpeechRecognizerAuthorizationStatus)> handlers;
     return handlers;

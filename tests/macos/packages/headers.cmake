@@ -1,0 +1,11 @@
+# header_only_package(TARGET HEADER...): headers of this machine's, alone in a folder, so that nothing else of it is seen.
+function(header_only_package target)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/headers)
+  foreach(header ${ARGN})
+    file(CREATE_LINK /usr/include/${header} ${CMAKE_BINARY_DIR}/headers/${header} SYMBOLIC)
+  endforeach()
+  if(NOT TARGET ${target})
+    add_library(${target} INTERFACE IMPORTED)
+    target_include_directories(${target} SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/headers)
+  endif()
+endfunction()
