@@ -1,8 +1,10 @@
 # What every target of this project is compiled with, and nothing that is not ours: link brivandel_options privately.
+option(BRIVANDEL_WARNINGS_AS_ERRORS "Let no warning pass" ON)
+
 add_library(brivandel_options INTERFACE)
 target_compile_features(brivandel_options INTERFACE cxx_std_20)
 target_compile_options(brivandel_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror
+  -Wall -Wextra -Wpedantic $<$<BOOL:${BRIVANDEL_WARNINGS_AS_ERRORS}>:-Werror>
   -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wcast-align -Wformat=2
   -Wnon-virtual-dtor -Woverloaded-virtual -Wextra-semi -Wnull-dereference)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -112,12 +112,13 @@ def walkthrough(start):
                 session.wait(lambda: session.welcome.find("image", f"Page {page + 1} of 3"), "the next page")
 
 
-def popover(start):
-    def say(text):
-        with tempfile.NamedTemporaryFile(suffix=".wav") as sound:
-            subprocess.run(["flite", "-voice", "slt", "-t", text, "-o", sound.name], check=True)
-            subprocess.run(["paplay", "-d", "feed", sound.name], check=True)
+def say(text):
+    with tempfile.NamedTemporaryFile(suffix=".wav") as sound:
+        subprocess.run(["flite", "-voice", "slt", "-t", text, "-o", sound.name], check=True)
+        subprocess.run(["paplay", "-d", "feed", sound.name], check=True)
 
+
+def popover(start):
     with subprocess.Popen([LOGIC_PRO], stdin=subprocess.PIPE, stdout=subprocess.PIPE) as logic_pro, start() as session:
         logic_pro.stdout.readline()  # it is ready
         panel = session.window("--popover", "Brivandel")
@@ -148,7 +149,11 @@ def settings(start):
         session.wait(lambda: window.find("radio button", "Built-in"), "the commands")
         session.take(window, "settings-commands")
         session.press(window, "Edit trigger phrases")
-        session.wait(lambda: window.find("text", "New trigger phrase"), "the field for a phrase").write("roll it")
+        field = session.wait(lambda: window.find("text", "New trigger phrase"), "the field for a phrase")
+        field.write("go to")
+        session.wait(lambda: any("waits a moment" in text for text in window.texts()), "the advice")
+        session.take(window, "settings-commands-advice")
+        field.write("roll it")
         session.press(window, "Add")
         session.wait(lambda: window.find("push button", "Reset"), "the override")
         session.take(window, "settings-commands-changed")
@@ -173,6 +178,13 @@ def custom_commands(start):
         session.press(window, "Add Command")
         editor = session.desktop.window("New Custom Command")
         session.take(editor, "editor-new")
+        editor.find("text", "New trigger phrase").write("quantize the display")
+        session.wait(lambda: any("always heard as" in text for text in editor.texts()), "the advice")
+        session.take(editor, "editor-advice-serious")
+        editor.find("text", "New trigger phrase").write("quantize")
+        session.wait(lambda: any("in no dictionary" in text for text in editor.texts()), "the pronunciation")
+        session.take(editor, "editor-advice")
+        editor.find("text", "New trigger phrase").write("")
         session.press(editor, "Save")
         session.take(session.desktop.window("No trigger phrase"), "editor-without-phrase")
         session.press(session.desktop.window("No trigger phrase"), "OK")
@@ -206,6 +218,26 @@ def reference(start):
         session.take(window, "reference-nothing-found")
 
 
+def trial(start):
+    with start(CUSTOM_COMMANDS) as session:
+        window = session.window("--commands", "Voice Commands Reference")
+        phrase = window.find("text", "Try a phrase")
+        for name, text, shown in (("not-woken", "play that back", "Not woken"),
+                                  ("hidden", "hey logic stop and open mixer", "stop ("),
+                                  ("bar", "hey logic play from bar twenty five", "Play from bar 25")):
+            phrase.write(text)
+            session.wait(lambda: any(text.startswith(shown) for text in window.texts()), shown)
+            session.take(window, f"reference-trial-{name}")
+        window.find("push button", "Hold to speak").focus()
+        subprocess.run(["xdotool", "keydown", "space"], check=True)
+        session.wait(lambda: "Listening..." in window.texts(), "listening")
+        session.take(window, "reference-trial-listening")
+        say("hey logic play that back")
+        session.wait(lambda: any(text.startswith("play that back (") for text in window.texts()), "the command")
+        session.take(window, "reference-trial-spoken")
+        subprocess.run(["xdotool", "keyup", "space"], check=True)
+
+
 def main():
     appearance, scale = sys.argv[1], int(sys.argv[2])
     os.makedirs(PICTURES, exist_ok=True)
@@ -213,7 +245,7 @@ def main():
     bus = subprocess.Popen(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"], stderr=subprocess.DEVNULL)
     try:
         desktop = Desktop()
-        for pictures in (walkthrough, popover, settings, custom_commands, reference):
+        for pictures in (walkthrough, popover, settings, custom_commands, reference, trial):
             pictures(lambda commands=(): Session(desktop, appearance, scale, commands))
     finally:
         bus.terminate()

@@ -47,6 +47,8 @@ AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& 
                            std::chrono::floor<std::chrono::milliseconds>(queue.wallTime().time_since_epoch());
                        return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
                    })
+    , phraseAdvice_(voiceController, {*platform.mainQueue, *platform.workQueue, platform.pronunciations})
+    , spokenTrial_(voiceController, platform)
     , forcedAppearance_(forcedAppearance)
     , desktopDefault_(appearanceOf(QApplication::palette())) {}
 
@@ -198,7 +200,7 @@ void AppDelegate::togglePopover() {
 
 SettingsView& AppDelegate::settingsView() {
     if (!settingsWindow_) {
-        auto* view = new SettingsView(voiceController_, *platform_.keyboardLayout);
+        auto* view = new SettingsView(voiceController_, *platform_.keyboardLayout, phraseAdvice_);
         connect(this, &AppDelegate::openSettingsCommandsTab, view, &SettingsView::openSettingsCommandsTab);
         settingsWindow_ = std::make_unique<AppWindow>(QStringLiteral("Brivandel Settings"),
                                                       settingsWindowSize, AppWindow::Resizing::Fixed, view);
@@ -206,14 +208,19 @@ SettingsView& AppDelegate::settingsView() {
     return static_cast<SettingsView&>(settingsWindow_->view());
 }
 
+void AppDelegate::present(AppWindow& window) {
+    window.present();
+    desktop_.activation->activate();
+}
+
 void AppDelegate::openSettings() {
     static_cast<void>(settingsView());
-    settingsWindow_->present();
+    present(*settingsWindow_);
 }
 
 void AppDelegate::showCommands() {
     if (!commandWindow_) {
-        auto* view = new CommandReferenceView(voiceController_, *platform_.mainQueue);
+        auto* view = new CommandReferenceView(voiceController_, *platform_.mainQueue, spokenTrial_);
         connect(view, &CommandReferenceView::settingsRequested, this, [this] {
             openSettings();
             Q_EMIT openSettingsCommandsTab();
@@ -223,10 +230,15 @@ void AppDelegate::showCommands() {
             Q_EMIT openSettingsCommandsTab();
             settingsView().editTriggers(command);
         });
+        connect(view, &CommandReferenceView::editCustomCommandRequested, this, [this](const QUuid& id) {
+            openSettings();
+            Q_EMIT openSettingsCommandsTab();
+            settingsView().editCustomCommand(id);
+        });
         commandWindow_ = std::make_unique<AppWindow>(QStringLiteral("Voice Commands Reference"),
                                                      commandWindowSize, AppWindow::Resizing::Free, view);
     }
-    commandWindow_->present();
+    present(*commandWindow_);
 }
 
 void AppDelegate::showSetup() {
@@ -242,7 +254,7 @@ void AppDelegate::showWelcomeWindow() {
                                                      welcomeWindowSize, AppWindow::Resizing::Fixed,
                                                      new WelcomeView([this] { welcomeWindow_->close(); }));
     }
-    welcomeWindow_->present();
+    present(*welcomeWindow_);
 }
 
 void AppDelegate::sayThatThereIsNoStatusArea() const {

@@ -2,6 +2,8 @@
 
 #include "app/LaunchRequest.h"
 #include "listening/LastFailure.h"
+#include "listening/LivePhraseAdvice.h"
+#include "listening/SpokenTrial.h"
 #include "widgets/Appearance.h"
 
 #include <QColor>
@@ -53,6 +55,7 @@ Q_SIGNALS:
 
 private:
     void showWelcomeWindow();
+    void present(AppWindow& window);
     [[nodiscard]] SettingsView& settingsView();
     void makePopover();
     void setupMenu();
@@ -67,6 +70,8 @@ private:
     Desktop& desktop_;
     VoiceController& voiceController_;
     LastFailure lastFailure_;
+    LivePhraseAdvice phraseAdvice_;
+    SpokenTrial spokenTrial_;
     std::optional<Appearance> forcedAppearance_;
     Appearance desktopDefault_; // where the desktop publishes no preference
 

@@ -32,6 +32,8 @@ Popover::Popover(QWidget* content, PointerPresses& presses, MainQueue& mainQueue
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , presses_(presses)
     , mainQueue_(mainQueue) {
+    // macOS would hide it while another program is in front, which the workstation is.
+    setAttribute(Qt::WA_MacAlwaysShowToolWindow);
     setObjectName(QStringLiteral("popover"));
     setAccessibleRole(*this, QAccessible::Dialog);
     setWindowTitle(QStringLiteral("Brivandel"));

@@ -65,7 +65,7 @@ void StatusItem::follow() {
     }
     connect(icon_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         // The context menu opens by itself.
-        if (reason != QSystemTrayIcon::Context) {
+        if (reason != QSystemTrayIcon::Context && !area_.opensMenus()) {
             openMenu();
         }
     });

@@ -1,6 +1,7 @@
-#include "cli/DecisionText.h"
-#include "cli/PhraseTrial.h"
+#include "cli/DecisionJson.h"
 #include "cli/Subcommands.h"
+#include "cli/UserSettings.h"
+#include "engine/DecisionText.h"
 
 #include <QString>
 
@@ -50,7 +51,7 @@ void printText(const PhraseOutcome& outcome, const UserSettings& settings, std::
 
 int runTry(const TryOptions& options, const Terminal& terminal) {
     const UserSettings settings = readUserSettings(terminal.err);
-    const PhraseTrial trial(settings);
+    const PhraseTrial trial(settings.phrases());
     const auto print = [&](const std::string& phrase) {
         const PhraseOutcome outcome = trial.outcome(QString::fromStdString(phrase));
         if (options.json) {

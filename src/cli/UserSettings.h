@@ -2,6 +2,7 @@
 
 #include "commands/CustomCommand.h"
 #include "commands/TriggerOverrides.h"
+#include "engine/PhraseSettings.h"
 
 #include <QString>
 #include <QVariantMap>
@@ -18,6 +19,10 @@ struct UserSettings {
     std::optional<QString> audioDevice;
     CustomCommandList customCommands;
     TriggerOverrides triggerOverrides;
+
+    [[nodiscard]] PhraseSettings phrases() const {
+        return {wakeWord, useWakeWord, customCommands, triggerOverrides};
+    }
 };
 
 /// The settings of the user who runs the program. What is wrong with their file is said on err.

@@ -213,17 +213,7 @@ void RecognitionPipeline::restartRecognition() {
     }
     isRestarting_ = true;
     services_.log.write(QStringLiteral("restartRecognition() — tearing down"));
-    restartTimer_.reset();
-    const auto request = std::exchange(recognitionRequest_, nullptr);
-    const auto task = std::exchange(recognitionTask_, nullptr);
-    services_.audioEngine.stop();
-    removeTap();
-    if (request) {
-        request->endAudio();
-    }
-    if (task) {
-        task->finish(); // and not cancelled: what it has already heard still counts
-    }
+    finishListening();
 
     const auto delay = countRestart();
     services_.log.write(QStringLiteral("Restart delay: %1s (recent restarts: %2)")
@@ -235,6 +225,20 @@ void RecognitionPipeline::restartRecognition() {
             startListening();
         }
     }));
+}
+
+void RecognitionPipeline::finishListening() {
+    restartTimer_.reset();
+    const auto request = std::exchange(recognitionRequest_, nullptr);
+    const auto task = std::exchange(recognitionTask_, nullptr);
+    services_.audioEngine.stop();
+    removeTap();
+    if (request) {
+        request->endAudio();
+    }
+    if (task) {
+        task->finish(); // and not cancelled: what it has already heard still counts
+    }
 }
 
 std::chrono::milliseconds RecognitionPipeline::countRestart() {

@@ -54,6 +54,8 @@ public:
     void startListening();
     void restartRecognition();
     void stopListening();
+    /// No more sound is taken; what was said until now is still reported.
+    void finishListening();
 
     /// What the recogniser should listen for, from the next utterance on.
     void setVocabulary(const RecognitionVocabulary& vocabulary);

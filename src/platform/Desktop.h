@@ -31,6 +31,8 @@ public:
     virtual void onChange(std::function<void()> changed) = 0;
     /// Whether its icons are square; else they are as wide as they need to be.
     [[nodiscard]] virtual bool hasSquareIcons() const = 0;
+    /// Whether it opens an item's menu by itself at every click; else a click is told, and the item opens it.
+    [[nodiscard]] virtual bool opensMenus() const = 0;
 };
 
 /// Presses of the pointer's buttons anywhere on the screen, also in other programs' windows: what is open for
@@ -44,11 +46,20 @@ public:
     virtual void watch(std::function<void(QPoint place)> pressed) = 0;
 };
 
+/// Which program the keyboard belongs to.
+class ProgramActivation {
+public:
+    virtual ~ProgramActivation() = default;
+    /// Brings this program in front of all others, where raising a window does not do that. Main thread.
+    virtual void activate() = 0;
+};
+
 /// What a program with windows asks of its desktop. No member is null.
 struct Desktop {
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<StatusArea> statusArea;
     std::unique_ptr<PointerPresses> pointerPresses;
+    std::unique_ptr<ProgramActivation> activation;
 };
 
 /// Why no window can be shown here, and what to do; none when one can. Before the application object.

@@ -9,6 +9,7 @@
 #include "platform/MainQueue.h"
 #include "platform/Notifier.h"
 #include "platform/Permissions.h"
+#include "platform/PronunciationGuide.h"
 #include "platform/ScriptHost.h"
 #include "platform/SpeechRecognition.h"
 #include "platform/WorkQueue.h"
@@ -34,6 +35,8 @@ struct Platform {
     std::unique_ptr<AudioDevices> audioDevices;
     std::unique_ptr<AudioEngine> audioEngine;
     std::unique_ptr<SpeechRecognition> speechRecognition;
+    /// Shared, since work on the queue may use it when nobody waits for that any more.
+    std::shared_ptr<const PronunciationGuide> pronunciations;
 };
 
 /// What the user may tell a platform at start.

@@ -1,6 +1,8 @@
 #include "settings/BuiltInCommandRow.h"
 
+#include "engine/TranscriptMatcher.h"
 #include "listening/VoiceController.h"
+#include "settings/PhraseAdviceLine.h"
 #include "settings/TriggerPhrase.h"
 #include "settings/TriggerTagsGrid.h"
 #include "widgets/Button.h"
@@ -32,7 +34,8 @@ ChipLook chipLook() {
 
 } // namespace
 
-BuiltInCommandRow::BuiltInCommandRow(VoiceCommand command, VoiceController& controller, QWidget* parent)
+BuiltInCommandRow::BuiltInCommandRow(VoiceCommand command, VoiceController& controller,
+                                     LivePhraseAdvice& advice, QWidget* parent)
     : Plate(NamedColor::Secondary, plateOpacity, cornerRadius, parent)
     , command_(command)
     , controller_(controller)
@@ -42,6 +45,7 @@ BuiltInCommandRow::BuiltInCommandRow(VoiceCommand command, VoiceController& cont
     , newTrigger_(new TextField(QStringLiteral("Add trigger..."), QStringLiteral("New trigger phrase"),
                                 ControlSize::Small))
     , add_(new Button(QStringLiteral("Add"), ButtonStyle::Bordered))
+    , adviceLine_(new PhraseAdviceLine(advice, *newTrigger_, command, [this] { return activeTriggers(); }))
     , editor_(makeTriggerEditor())
     , refresh_(new ViewRefresh(*this, [this] { showTriggers(); })) {
     setObjectName(rawValue(command));
@@ -95,16 +99,20 @@ QWidget* BuiltInCommandRow::makeTriggerEditor() {
     showWhetherAddable();
 
     auto* editor = new QWidget;
-    auto* row = new QHBoxLayout(editor);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* stack = new QVBoxLayout(editor);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(spacing);
+    auto* row = new QHBoxLayout;
     row->setSpacing(spacing);
     row->addWidget(newTrigger_);
     row->addWidget(add_);
+    stack->addLayout(row);
+    stack->addWidget(adviceLine_);
     return editor;
 }
 
 QStringList BuiltInCommandRow::activeTriggers() const {
-    return controller_.builtInTriggerOverrides().value(rawValue(command_), triggers(command_));
+    return triggersInForce(command_, controller_.builtInTriggerOverrides());
 }
 
 bool BuiltInCommandRow::hasOverride() const {

@@ -8,6 +8,8 @@
 namespace brivandel {
 
 class Button;
+class LivePhraseAdvice;
+class PhraseAdviceLine;
 class TextField;
 class TriggerTagsGrid;
 class ViewRefresh;
@@ -18,8 +20,9 @@ class VoiceController;
 class BuiltInCommandRow final : public Plate {
     Q_OBJECT
 public:
-    /// The controller must outlive it.
-    BuiltInCommandRow(VoiceCommand command, VoiceController& controller, QWidget* parent = nullptr);
+    /// Controller and advice must outlive it.
+    BuiltInCommandRow(VoiceCommand command, VoiceController& controller, LivePhraseAdvice& advice,
+                      QWidget* parent = nullptr);
 
     [[nodiscard]] VoiceCommand command() const { return command_; }
     /// The phrases in force: the user's own, or the default ones.
@@ -45,6 +48,7 @@ private:
     TriggerTagsGrid* grid_;
     TextField* newTrigger_;
     Button* add_;
+    PhraseAdviceLine* adviceLine_;
     QWidget* editor_;
     ViewRefresh* refresh_;
 };

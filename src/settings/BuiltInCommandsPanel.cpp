@@ -20,9 +20,11 @@ constexpr int minimumCommandsWidth = 300;
 
 } // namespace
 
-BuiltInCommandsPanel::BuiltInCommandsPanel(VoiceController& controller, QWidget* parent)
+BuiltInCommandsPanel::BuiltInCommandsPanel(VoiceController& controller, LivePhraseAdvice& advice,
+                                           QWidget* parent)
     : QSplitter(Qt::Horizontal, parent)
     , controller_(controller)
+    , advice_(advice)
     , categories_(new ChoiceList)
     , commands_(new QScrollArea)
     , column_(new QVBoxLayout) {
@@ -78,7 +80,7 @@ void BuiltInCommandsPanel::showCategory() {
     }
     for (const VoiceCommand command : allVoiceCommands) {
         if (category(command) == selectedCategory()) {
-            auto* row = new BuiltInCommandRow(command, controller_);
+            auto* row = new BuiltInCommandRow(command, controller_, advice_);
             column_->addWidget(row);
             rows_ += row;
         }

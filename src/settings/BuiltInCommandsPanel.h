@@ -14,14 +14,15 @@ class QVBoxLayout;
 namespace brivandel {
 
 class ChoiceList;
+class LivePhraseAdvice;
 class VoiceController;
 
 /// The categories beside the built-in commands of the chosen one.
 class BuiltInCommandsPanel final : public QSplitter {
     Q_OBJECT
 public:
-    /// The controller must outlive it.
-    explicit BuiltInCommandsPanel(VoiceController& controller, QWidget* parent = nullptr);
+    /// Controller and advice must outlive it.
+    BuiltInCommandsPanel(VoiceController& controller, LivePhraseAdvice& advice, QWidget* parent = nullptr);
 
     [[nodiscard]] CommandCategory selectedCategory() const;
     void setSelectedCategory(CommandCategory category);
@@ -36,6 +37,7 @@ private:
     void reveal();
 
     VoiceController& controller_;
+    LivePhraseAdvice& advice_;
     ChoiceList* categories_;
     QScrollArea* commands_;
     QVBoxLayout* column_;

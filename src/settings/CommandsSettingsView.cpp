@@ -16,13 +16,14 @@
 namespace brivandel {
 
 CommandsSettingsView::CommandsSettingsView(VoiceController& controller, const KeyboardLayout& layout,
-                                           QWidget* parent)
+                                           LivePhraseAdvice& advice, QWidget* parent)
     : QWidget(parent)
     , controller_(controller)
     , layout_(layout)
+    , advice_(advice)
     , picker_(new SegmentedPicker({QStringLiteral("Built-in"), QStringLiteral("Custom")}))
     , panels_(new QStackedWidget)
-    , builtIn_(new BuiltInCommandsPanel(controller))
+    , builtIn_(new BuiltInCommandsPanel(controller, advice))
     , custom_(new CustomCommandsPanel(controller)) {
     picker_->setObjectName(QStringLiteral("panel"));
     picker_->setAccessibleName(QStringLiteral("Panel"));
@@ -73,7 +74,7 @@ void CommandsSettingsView::showEditor(const std::optional<CustomCommand>& edited
         return;
     }
     auto* editor = new CustomCommandEditorView(
-        editedCommand, [this](const CustomCommand& command) { save(command); }, layout_, this);
+        editedCommand, [this](const CustomCommand& command) { save(command); }, layout_, advice_, this);
     editor->open();
 }
 

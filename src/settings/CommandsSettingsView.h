@@ -15,6 +15,7 @@ namespace brivandel {
 
 class BuiltInCommandsPanel;
 class CustomCommandsPanel;
+class LivePhraseAdvice;
 class SegmentedPicker;
 class VoiceController;
 
@@ -24,8 +25,8 @@ class CommandsSettingsView final : public QWidget {
 public:
     enum class CommandPanel { builtIn, custom };
 
-    /// Controller and layout must outlive it.
-    CommandsSettingsView(VoiceController& controller, const KeyboardLayout& layout,
+    /// All three must outlive it.
+    CommandsSettingsView(VoiceController& controller, const KeyboardLayout& layout, LivePhraseAdvice& advice,
                          QWidget* parent = nullptr);
 
     [[nodiscard]] CommandPanel panel() const;
@@ -41,6 +42,7 @@ private:
 
     VoiceController& controller_;
     const KeyboardLayout& layout_;
+    LivePhraseAdvice& advice_;
     SegmentedPicker* picker_;
     QStackedWidget* panels_;
     BuiltInCommandsPanel* builtIn_;

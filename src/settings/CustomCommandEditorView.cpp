@@ -1,6 +1,7 @@
 #include "settings/CustomCommandEditorView.h"
 
 #include "settings/KeyCapturePillView.h"
+#include "settings/PhraseAdviceLine.h"
 #include "settings/TriggerPhrase.h"
 #include "settings/TriggerTagsGrid.h"
 #include "widgets/Alert.h"
@@ -46,7 +47,7 @@ ChipLook chipLook() {
 
 CustomCommandEditorView::CustomCommandEditorView(std::optional<CustomCommand> existingCommand,
                                                  SaveHandler onSave, const KeyboardLayout& layout,
-                                                 QWidget* parent)
+                                                 LivePhraseAdvice& advice, QWidget* parent)
     : Sheet(parent)
     , existingCommand_(std::move(existingCommand))
     , onSave_(std::move(onSave))
@@ -55,6 +56,9 @@ CustomCommandEditorView::CustomCommandEditorView(std::optional<CustomCommand> ex
     , add_(new Button(QStringLiteral("Add"), ButtonStyle::Bordered))
     , grid_(new TriggerTagsGrid(chipLook(), {.minimumWidth = 80, .spacing = 6}))
     , gridArea_(new FittingScrollArea(grid_))
+    , adviceLine_(new PhraseAdviceLine(advice, *newTrigger_,
+                                       existingCommand_ ? existingCommand_->id : QUuid(),
+                                       [this] { return triggers_; }))
     , pill_(new KeyCapturePillView(layout)) {
     setFixedSize(sheetSize);
     const QString title =
@@ -98,6 +102,7 @@ QLayout* CustomCommandEditorView::makeTriggersSection() {
     row->addWidget(newTrigger_);
     row->addWidget(add_);
     section->addLayout(row);
+    section->addWidget(adviceLine_);
     connect(grid_, &TriggerTagsGrid::removeRequested, this, &CustomCommandEditorView::removeTrigger);
     connect(newTrigger_, &TextField::textChanged, this, &CustomCommandEditorView::showWhetherAddable);
     connect(newTrigger_, &TextField::submitted, this, &CustomCommandEditorView::addTrigger);
@@ -184,6 +189,7 @@ void CustomCommandEditorView::showTriggers() {
     grid_->setTriggers(triggers_);
     gridArea_->setHidden(triggers_.isEmpty());
     gridArea_->updateGeometry();
+    adviceLine_->refresh();
 }
 
 void CustomCommandEditorView::showWhetherAddable() {

@@ -14,6 +14,8 @@ namespace brivandel {
 class Button;
 class FittingScrollArea;
 class KeyCapturePillView;
+class LivePhraseAdvice;
+class PhraseAdviceLine;
 class TextField;
 class TriggerTagsGrid;
 
@@ -25,9 +27,9 @@ public:
     using SaveHandler = std::function<void(const CustomCommand&)>;
 
     /// No existing command: a new one is made. onSave is called once, if at all, and then the sheet closes.
-    /// The layout must outlive it.
+    /// Layout and advice must outlive it.
     CustomCommandEditorView(std::optional<CustomCommand> existingCommand, SaveHandler onSave,
-                            const KeyboardLayout& layout, QWidget* parent);
+                            const KeyboardLayout& layout, LivePhraseAdvice& advice, QWidget* parent);
 
 private:
     [[nodiscard]] QLayout* makeNameSection();
@@ -49,6 +51,7 @@ private:
     Button* add_;
     TriggerTagsGrid* grid_;
     FittingScrollArea* gridArea_;
+    PhraseAdviceLine* adviceLine_;
     KeyCapturePillView* pill_;
 };
 

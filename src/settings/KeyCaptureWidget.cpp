@@ -52,7 +52,7 @@ void KeyCaptureWidget::setIsCapturing(bool capturing) {
     }
     isCapturing_ = capturing;
     if (capturing) {
-        heldScanCode_.reset();
+        heldKeyCode_.reset();
         setFocus();
         grabKeyboard();
         QApplication::instance()->installEventFilter(this);
@@ -61,7 +61,7 @@ void KeyCaptureWidget::setIsCapturing(bool capturing) {
         releaseKeyboard();
     }
     Q_EMIT isCapturingChanged(capturing);
-    if (!capturing && !heldScanCode_) {
+    if (!capturing && !heldKeyCode_) {
         Q_EMIT keyboardReleased();
     }
 }
@@ -89,13 +89,20 @@ bool KeyCaptureWidget::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+std::optional<std::uint16_t> KeyCaptureWidget::keyCodeOf(const QKeyEvent& event) const {
+    return layout_.keyCodeForNativeKey({event.nativeScanCode(), event.nativeVirtualKey()});
+}
+
+bool KeyCaptureWidget::isHeldKey(const QKeyEvent& event) const {
+    return heldKeyCode_ && heldKeyCode_ == keyCodeOf(event);
+}
+
 bool KeyCaptureWidget::takeKeyPress(const QKeyEvent& press) {
     if (isCapturing_) {
         // A key that is still down from before was not pressed for this.
-        const auto keyCode =
-            press.isAutoRepeat() ? std::nullopt : layout_.keyCodeForNativeScanCode(press.nativeScanCode());
+        const auto keyCode = press.isAutoRepeat() ? std::nullopt : keyCodeOf(press);
         if (keyCode && !isModifierKey(*keyCode)) {
-            heldScanCode_ = press.nativeScanCode();
+            heldKeyCode_ = keyCode;
             Q_EMIT keyCaptured(*keyCode, modifierFlagsOf(press.modifiers()));
         }
         return true;
@@ -108,18 +115,18 @@ bool KeyCaptureWidget::takeKeyPress(const QKeyEvent& press) {
 }
 
 void KeyCaptureWidget::takeKeyRelease(const QKeyEvent& release) {
-    if (!isCapturing_ && !release.isAutoRepeat() && heldScanCode_ == release.nativeScanCode()) {
+    if (!isCapturing_ && !release.isAutoRepeat() && isHeldKey(release)) {
         forgetHeldKey();
     }
 }
 
 bool KeyCaptureWidget::isRepeatOfHeldKey(const QKeyEvent& event) const {
-    return event.isAutoRepeat() && heldScanCode_ == event.nativeScanCode();
+    return event.isAutoRepeat() && isHeldKey(event);
 }
 
 void KeyCaptureWidget::forgetHeldKey() {
-    if (heldScanCode_) {
-        heldScanCode_.reset();
+    if (heldKeyCode_) {
+        heldKeyCode_.reset();
         Q_EMIT keyboardReleased();
     }
 }

@@ -39,14 +39,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] std::optional<std::uint16_t> keyCodeOf(const QKeyEvent& event) const;
     [[nodiscard]] bool takeKeyPress(const QKeyEvent& press);
     void takeKeyRelease(const QKeyEvent& release);
+    [[nodiscard]] bool isHeldKey(const QKeyEvent& event) const;
     [[nodiscard]] bool isRepeatOfHeldKey(const QKeyEvent& event) const;
     void forgetHeldKey();
 
     const KeyboardLayout& layout_;
     bool isCapturing_ = false;
-    std::optional<std::uint32_t> heldScanCode_; // of the key taken, until it is let go
+    std::optional<std::uint16_t> heldKeyCode_; // of the key taken, until it is let go
 };
 
 } // namespace brivandel

@@ -22,11 +22,12 @@ constexpr int tabBarPadding = 6;
 
 } // namespace
 
-SettingsView::SettingsView(VoiceController& controller, const KeyboardLayout& layout, QWidget* parent)
+SettingsView::SettingsView(VoiceController& controller, const KeyboardLayout& layout,
+                           LivePhraseAdvice& advice, QWidget* parent)
     : QWidget(parent)
     , tabs_(new SymbolTabBar)
     , pages_(new QStackedWidget)
-    , commands_(new CommandsSettingsView(controller, layout))
+    , commands_(new CommandsSettingsView(controller, layout, advice))
     , audio_(new AudioSettingsView(controller))
     , controller_(controller) {
     setFixedSize(side, side);

@@ -12,6 +12,7 @@ namespace brivandel {
 
 class AudioSettingsView;
 class CommandsSettingsView;
+class LivePhraseAdvice;
 class SymbolTabBar;
 class VoiceController;
 
@@ -22,8 +23,9 @@ class SettingsView final : public QWidget {
 public:
     enum Tab { General, Commands, Audio, About };
 
-    /// Controller and layout must outlive it.
-    SettingsView(VoiceController& controller, const KeyboardLayout& layout, QWidget* parent = nullptr);
+    /// All three must outlive it.
+    SettingsView(VoiceController& controller, const KeyboardLayout& layout, LivePhraseAdvice& advice,
+                 QWidget* parent = nullptr);
 
     [[nodiscard]] int selectedTab() const;
     void setSelectedTab(int tab);

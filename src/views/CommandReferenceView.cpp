@@ -1,6 +1,8 @@
 #include "views/CommandReferenceView.h"
 
+#include "engine/TranscriptMatcher.h"
 #include "listening/VoiceController.h"
+#include "views/PhraseTrialView.h"
 #include "views/ReferenceRows.h"
 #include "widgets/Button.h"
 #include "widgets/ChoiceList.h"
@@ -92,7 +94,8 @@ struct RowName {
 
 } // namespace
 
-CommandReferenceView::CommandReferenceView(VoiceController& controller, MainQueue& mainQueue, QWidget* parent)
+CommandReferenceView::CommandReferenceView(VoiceController& controller, MainQueue& mainQueue,
+                                           SpokenTrial& spokenTrial, QWidget* parent)
     : QWidget(parent)
     , controller_(controller)
     , mainQueue_(mainQueue)
@@ -100,6 +103,7 @@ CommandReferenceView::CommandReferenceView(VoiceController& controller, MainQueu
     , shownFor_(selection_, QString())
     , sidebar_(new ChoiceList)
     , search_(new TextField(QStringLiteral("Search commands..."), QStringLiteral("Search commands")))
+    , trial_(new PhraseTrialView(controller, mainQueue, spokenTrial))
     , title_(new Label(QString(), TextStyle::Title2))
     , copied_(new Label(QString(), TextStyle::Caption, NamedColor::Secondary))
     , list_(new RecyclingList(*this, RecyclingList::Selection::None, RecyclingList::Separators::None))
@@ -164,6 +168,8 @@ QWidget* CommandReferenceView::makeDetailPane() {
     searchRow->addWidget(new SymbolView(QStringLiteral("magnifyingglass"), 15, NamedColor::Secondary));
     searchRow->addWidget(search_, 1);
     stack->addLayout(searchRow);
+    trial_->setContentsMargins(defaultPadding, 0, defaultPadding, 0);
+    stack->addWidget(trial_);
     auto* header = new QHBoxLayout;
     header->setContentsMargins(defaultPadding, 0, defaultPadding, 0);
     header->addWidget(title_);
@@ -225,6 +231,8 @@ QWidget* CommandReferenceView::makeRowWidget(int kind) {
     }
     case kindOf<CustomCommand>(): {
         auto* row = new CustomCommandReferenceRow;
+        connect(row, &CustomCommandReferenceRow::editRequested, this,
+                &CommandReferenceView::editCustomCommandRequested);
         connect(row, &CustomCommandReferenceRow::showingAppleScriptChanged, this,
                 [this](const QUuid& id, bool showing) {
                     if (showing) {
@@ -249,16 +257,13 @@ QWidget* CommandReferenceView::makeRowWidget(int kind) {
     }
 }
 
-QStringList CommandReferenceView::activeTriggers(VoiceCommand command) const {
-    return controller_.builtInTriggerOverrides().value(rawValue(command), triggers(command));
-}
-
 void CommandReferenceView::fillRowWidget(QWidget& widget, int row) {
     const auto& item = items_.at(static_cast<std::size_t>(row));
     if (const auto* form = std::get_if<BarNavigationForm>(&item)) {
         contentOf<BarNavCommandRow>(widget).setForm(*form);
     } else if (const auto* command = std::get_if<VoiceCommand>(&item)) {
-        contentOf<CommandRow>(widget).setCommand(*command, activeTriggers(*command));
+        contentOf<CommandRow>(widget).setCommand(
+            *command, triggersInForce(*command, controller_.builtInTriggerOverrides()));
     } else if (const auto* custom = std::get_if<CustomCommand>(&item)) {
         contentOf<CustomCommandReferenceRow>(widget).setCommand(*custom,
                                                                 showingAppleScript_.contains(custom->id));

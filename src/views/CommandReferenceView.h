@@ -18,7 +18,9 @@ namespace brivandel {
 
 class ChoiceList;
 class Label;
+class PhraseTrialView;
 class RecyclingList;
+class SpokenTrial;
 class TextField;
 class ViewRefresh;
 class VoiceController;
@@ -28,8 +30,9 @@ class VoiceController;
 class CommandReferenceView final : public QWidget, private RowSource {
     Q_OBJECT
 public:
-    /// Controller and queue must outlive it.
-    CommandReferenceView(VoiceController& controller, MainQueue& mainQueue, QWidget* parent = nullptr);
+    /// All three must outlive it.
+    CommandReferenceView(VoiceController& controller, MainQueue& mainQueue, SpokenTrial& spokenTrial,
+                         QWidget* parent = nullptr);
     ~CommandReferenceView() override;
 
     [[nodiscard]] const ReferenceSelection& selection() const { return selection_; }
@@ -42,6 +45,8 @@ Q_SIGNALS:
     void settingsRequested();
     /// The user wants to change what is said for the command, in the settings.
     void editTriggersRequested(brivandel::VoiceCommand command);
+    /// The user wants to change the custom command, in the settings.
+    void editCustomCommandRequested(const QUuid& id);
 
 private:
     [[nodiscard]] QWidget* makeSidebar();
@@ -55,7 +60,6 @@ private:
     [[nodiscard]] QWidget* makeRowWidget(int kind) override;
     void fillRowWidget(QWidget& widget, int row) override;
     [[nodiscard]] QString rowName(int row) const override;
-    [[nodiscard]] QStringList activeTriggers(VoiceCommand command) const;
 
     VoiceController& controller_;
     MainQueue& mainQueue_;
@@ -65,6 +69,7 @@ private:
     QSet<QUuid> showingAppleScript_;
     ChoiceList* sidebar_;
     TextField* search_;
+    PhraseTrialView* trial_;
     Label* title_;
     Label* copied_;
     RecyclingList* list_;

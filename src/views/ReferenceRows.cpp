@@ -132,6 +132,7 @@ CustomCommandReferenceRow::CustomCommandReferenceRow(QWidget* parent)
     , shortcut_(new Label(QString(), TextStyle::Monospaced))
     , custom_(new Badge)
     , disabled_(new Badge)
+    , pencil_(smallSymbol(u"pencil", u"Edit command"))
     , toggle_(new Button(QStringLiteral("Show AppleScript"), ButtonStyle::Borderless))
     , scriptBox_(new Plate(NamedColor::Secondary, 0.1, 6))
     , scriptText_(new Label(QString(), TextStyle::Monospaced)) {
@@ -140,6 +141,7 @@ CustomCommandReferenceRow::CustomCommandReferenceRow(QWidget* parent)
     shortcut_->setFont(textFont(TextStyle::Monospaced, QFont::DemiBold));
     custom_->setBadge(QStringLiteral("CUSTOM"), NamedColor::Green);
     disabled_->setBadge(QStringLiteral("DISABLED"), NamedColor::Gray);
+    pencil_->setObjectName(QStringLiteral("pencil"));
     toggle_->setObjectName(QStringLiteral("showAppleScript"));
     toggle_->setCheckable(true);
     toggle_->setFont(textFont(TextStyle::Caption, QFont::Medium));
@@ -155,6 +157,7 @@ CustomCommandReferenceRow::CustomCommandReferenceRow(QWidget* parent)
     top->addWidget(name_, 1);
     top->addWidget(disabled_);
     top->addWidget(custom_);
+    top->addWidget(pencil_);
     stack->addLayout(top);
     auto* middle = line();
     middle->addWidget(triggers_, 1);
@@ -165,6 +168,7 @@ CustomCommandReferenceRow::CustomCommandReferenceRow(QWidget* parent)
     inBox->setContentsMargins(8, 8, 8, 8);
     inBox->addWidget(scriptText_);
     stack->addWidget(scriptBox_);
+    connect(pencil_, &Button::clicked, this, [this] { Q_EMIT editRequested(id_); });
     connect(toggle_, &Button::toggled, this, [this](bool showing) {
         showScript(showing);
         Q_EMIT showingAppleScriptChanged(id_, showing);
@@ -180,6 +184,7 @@ void CustomCommandReferenceRow::setCommand(const CustomCommand& command, bool sh
     script_ = command.capturedKey.appleScript; // the whole of it, as it is sent
     const QSignalBlocker nobodyToggledIt(toggle_);
     toggle_->setChecked(showingAppleScript);
+    pencil_->setAccessibleDescription(command.name);
     toggle_->setAccessibleDescription(command.name);
     showScript(showingAppleScript);
 }

@@ -58,6 +58,7 @@ public:
     void setCommand(const CustomCommand& command, bool showingAppleScript);
 
 Q_SIGNALS:
+    void editRequested(const QUuid& id);
     void showingAppleScriptChanged(const QUuid& id, bool showing);
 
 private:
@@ -70,6 +71,7 @@ private:
     Label* shortcut_;
     Badge* custom_;
     Badge* disabled_;
+    Button* pencil_;
     Button* toggle_;
     QWidget* scriptBox_;
     Label* scriptText_;

@@ -8,6 +8,12 @@
 
 namespace brivandel {
 
+namespace {
+
+constexpr qsizetype longestToolTip = 1000; // characters: a screenful
+
+} // namespace
+
 Label::Label(const QString& text, TextStyle style, NamedColor color, QWidget* parent)
     : QLabel(parent)
     , color_(color) {
@@ -44,7 +50,8 @@ QStringList Label::lines(int width) const {
     if (maximumLines_ == 1) {
         return {fontMetrics().elidedText(text(), Qt::ElideRight, width)};
     }
-    QTextLayout layout(text(), font());
+    // A layout breaks at no other character; the length stays the same.
+    QTextLayout layout(QString(text()).replace(u'\n', QChar::LineSeparator), font());
     QTextOption wrapping;
     wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(wrapping);
@@ -57,7 +64,7 @@ QStringList Label::lines(int width) const {
                 fontMetrics().elidedText(text().mid(line.textStart()).simplified(), Qt::ElideRight, width);
             break;
         }
-        lines += text().mid(line.textStart(), line.textLength());
+        lines += text().mid(line.textStart(), line.textLength()).trimmed();
     }
     layout.endLayout();
     return lines;
@@ -114,8 +121,10 @@ bool Label::event(QEvent* event) {
         const QStringList shown = lines(width());
         if (!shown.isEmpty() && shown.last() != text() && shown.last().endsWith(u'…')) {
             // Tool tips guess whether a text is markup; this one never is.
+            const QString whole =
+                text().size() > longestToolTip ? text().left(longestToolTip) + u'…' : text();
             QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                               Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal), this);
+                               Qt::convertFromPlainText(whole, Qt::WhiteSpaceNormal), this);
             return true;
         }
     }

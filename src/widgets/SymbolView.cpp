@@ -17,13 +17,6 @@ SymbolView::SymbolView(QString name, int side, NamedColor color, QWidget* parent
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void SymbolView::setSymbol(const QString& name) {
-    if (name_ != name) {
-        name_ = name;
-        update();
-    }
-}
-
 void SymbolView::setSymbolColor(NamedColor color) {
     if (color_ != color) {
         color_ = color;

@@ -15,7 +15,6 @@ public:
     SymbolView(QString name, int side, NamedColor color, QWidget* parent = nullptr);
 
     [[nodiscard]] const QString& symbol() const { return name_; }
-    void setSymbol(const QString& name);
     [[nodiscard]] NamedColor symbolColor() const { return color_; }
     void setSymbolColor(NamedColor color);
 

@@ -3,7 +3,6 @@
 #include "widgets/Colors.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOption>
 
 namespace brivandel {

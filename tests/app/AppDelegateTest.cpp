@@ -3,6 +3,7 @@
 #include "app/AppWindow.h"
 #include "app/Popover.h"
 #include "platform/scripted/ScriptedDesktop.h"
+#include "settings/CustomCommandEditorView.h"
 #include "settings/SettingsView.h"
 #include "support/ScriptedListening.h"
 #include "views/CommandReferenceView.h"
@@ -205,6 +206,26 @@ TEST_F(AppDelegateTest, PencilOfTheReference_OpensTheCommandsTriggers) {
     EXPECT_NE(settings->findChild<QWidget*>(rawValue(VoiceCommand::clickOn)), nullptr);
 }
 
+TEST_F(AppDelegateTest, PencilOfACustomCommand_OpensItsEditor) {
+    const CustomCommand command{.id = QUuid::createUuid(),
+                                .name = QStringLiteral("Mixer"),
+                                .triggers = {QStringLiteral("mixer")},
+                                .capturedKey = {}};
+    listening.controller.setCustomCommands({command});
+    launch();
+    item(3).trigger();
+    Q_EMIT window("Voice Commands Reference")
+        ->findChild<CommandReferenceView*>()
+        ->editCustomCommandRequested(command.id);
+    auto* settings = window("Brivandel Settings");
+    ASSERT_NE(settings, nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(settings->findChild<SettingsView*>()->selectedTab(), SettingsView::Commands);
+    const auto* editor = settings->findChild<CustomCommandEditorView*>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->findChild<QLineEdit*>(QStringLiteral("name"))->text(), QStringLiteral("Mixer"));
+}
+
 TEST_F(AppDelegateTest, RequestsOfAnotherStart_AreCarriedOut) {
     launch();
     const QSignalSpy quits(&delegate, &AppDelegate::quitRequested);
@@ -239,6 +260,17 @@ TEST_F(AppDelegateTest, DesktopsAppearance_IsFollowedWhileRunning) {
     scripted.appearance.setPreference(DesktopAppearance::Preference::Light);
     QCoreApplication::processEvents();
     EXPECT_EQ(appearanceOf(welcomeWindow()->palette()), Appearance::Light);
+}
+
+TEST_F(AppDelegateTest, WindowThatIsAskedFor_BringsTheProgramToTheFront) {
+    launch();
+    EXPECT_EQ(scripted.activation.count(), 1) << "for the walkthrough";
+    delegate.openSettings();
+    EXPECT_EQ(scripted.activation.count(), 2);
+    delegate.showCommands();
+    EXPECT_EQ(scripted.activation.count(), 3);
+    delegate.handle(LaunchRequest::Popover);
+    EXPECT_EQ(scripted.activation.count(), 3) << "the panel leaves the workstation in front";
 }
 
 TEST_F(AppDelegateTest, DesktopWithoutStatusArea_IsSaidOnceAfterAWhile) {

@@ -18,7 +18,7 @@ public:
         const auto found = characters.find(keyCode);
         return found == characters.end() ? std::nullopt : std::optional(*found);
     }
-    std::optional<std::uint16_t> keyCodeForNativeScanCode(std::uint32_t /*scanCode*/) const override {
+    std::optional<std::uint16_t> keyCodeForNativeKey(NativeKey /*key*/) const override {
         return std::nullopt;
     }
 

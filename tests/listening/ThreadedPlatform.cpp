@@ -305,6 +305,7 @@ std::unique_ptr<Platform> makeThreadedPlatform(Hearing hearing, ThreadedCounts& 
     platform->beeper = std::make_unique<CountingServices>(counts);
     platform->scriptHost = std::make_unique<CountingScriptHost>(counts);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
+    platform->pronunciations = std::make_shared<ScriptedPronunciationGuide>();
     platform->defaults = std::make_unique<MemoryDefaultsStore>();
     platform->audioDevices = std::make_unique<ScriptedAudioDevices>();
     platform->audioEngine = std::make_unique<ThreadedAudioEngine>(*platform->mainQueue, counts);

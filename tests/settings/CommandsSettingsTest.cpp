@@ -207,7 +207,7 @@ TEST_F(CommandsSettingsTest, EditTriggers_GoesToTheCommand) {
 }
 
 TEST_F(CommandsSettingsTest, EditTriggersBeforeTheWindowIsShown_GoesThereToo) {
-    view.emplace(controller(), layout());
+    view.emplace(controller(), layout(), advice());
     view->editTriggers(VoiceCommand::stopPlayback);
     open(*view);
     auto& field = find<TextField>(row(VoiceCommand::stopPlayback), "newTrigger");

@@ -31,7 +31,7 @@ namespace brivandel::testing {
 class CommandsSettingsTest : public SettingsTest {
 protected:
     void show() {
-        view.emplace(controller(), layout());
+        view.emplace(controller(), layout(), advice());
         view->openSettingsCommandsTab();
         open(*view);
     }

@@ -247,10 +247,10 @@ TEST_F(KeyCaptureTest, Keyboard_StartsIt) {
 
 TEST(ScriptedKeyboard, ScanCodes_AreKeyCodesFromOne) {
     const ScriptedKeyboardLayout layout;
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0));
-    EXPECT_EQ(layout.keyCodeForNativeScanCode(1), 0);
-    EXPECT_EQ(layout.keyCodeForNativeScanCode(128), 127);
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(129));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({0}));
+    EXPECT_EQ(layout.keyCodeForNativeKey({1}), 0);
+    EXPECT_EQ(layout.keyCodeForNativeKey({128}), 127);
+    EXPECT_FALSE(layout.keyCodeForNativeKey({129}));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // Runs over a scripted platform; nothing is stored.
 
 #include "commands/KeyFunctions.h"
+#include "listening/LivePhraseAdvice.h"
 #include "listening/VoiceController.h"
 #include "platform/scripted/ScriptedPlatform.h"
 #include "settings/SettingsView.h"
@@ -52,7 +53,9 @@ int main(int argumentCount, char** arguments) {
     if (state != QStringLiteral("empty")) {
         controller.setCustomCommands(commands(layout, state == QStringLiteral("many") ? 500 : 7));
     }
-    SettingsView view(controller, layout);
+    LivePhraseAdvice advice(controller, {*scripted.platform->mainQueue, *scripted.platform->workQueue,
+                                         scripted.platform->pronunciations});
+    SettingsView view(controller, layout, advice);
     view.setWindowTitle(QStringLiteral("Brivandel Settings"));
     view.show();
 

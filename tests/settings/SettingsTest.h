@@ -2,6 +2,7 @@
 
 #include "commands/CommandStorage.h"
 #include "commands/KeyFunctions.h"
+#include "listening/LivePhraseAdvice.h"
 #include "listening/VoiceController.h"
 #include "platform/linux/defaults/PropertyListDefaultsStore.h"
 #include "platform/scripted/ScriptedPlatform.h"
@@ -68,6 +69,7 @@ protected:
 
     /// As after a restart; change may put other services into the platform first.
     void startProgram(const std::function<void(Platform&)>& change = {}) {
+        advice_.reset();
         controller_.reset();
         scripted_.emplace(makeScriptedPlatform([](auto, auto) {}));
         scripted_->platform->defaults = std::make_unique<PropertyListDefaultsStore>(
@@ -76,9 +78,14 @@ protected:
             change(*scripted_->platform);
         }
         controller_ = std::make_unique<VoiceController>(*scripted_->platform);
+        Platform& platform = *scripted_->platform;
+        advice_ = std::make_unique<LivePhraseAdvice>(
+            *controller_,
+            LivePhraseAdvice::Services{*platform.mainQueue, *platform.workQueue, platform.pronunciations});
     }
 
     [[nodiscard]] VoiceController& controller() { return *controller_; }
+    [[nodiscard]] LivePhraseAdvice& advice() { return *advice_; }
     [[nodiscard]] ScriptedPlatform& scripted() { return *scripted_; }
     [[nodiscard]] const KeyboardLayout& layout() { return *scripted_->platform->keyboardLayout; }
     [[nodiscard]] QString path() const { return folder_.filePath(QStringLiteral("settings.plist")); }
@@ -126,6 +133,7 @@ private:
     QTemporaryDir folder_;
     std::optional<ScriptedPlatform> scripted_;
     std::unique_ptr<VoiceController> controller_;
+    std::unique_ptr<LivePhraseAdvice> advice_;
 };
 
 } // namespace brivandel::testing

@@ -21,7 +21,7 @@ protected:
     void SetUp() override {
         scripted().audioDevices.setDevices({{{QStringLiteral("uid-a"), QStringLiteral("Built-in")}, 1},
                                             {{QStringLiteral("uid-b"), QStringLiteral("<b>USB</b>")}, 2}});
-        view.emplace(controller(), layout());
+        view.emplace(controller(), layout(), advice());
         open(*view);
     }
     [[nodiscard]] SymbolTabBar& tabs() { return find<SymbolTabBar>(*view, "tabs"); }

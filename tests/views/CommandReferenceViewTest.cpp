@@ -1,5 +1,6 @@
 #include "views/CommandReferenceView.h"
 
+#include "listening/SpokenTrial.h"
 #include "support/ScriptedListening.h"
 #include "views/ReferenceRows.h"
 #include "widgets/Button.h"
@@ -96,7 +97,8 @@ protected:
     }
 
     ScriptedListening listening;
-    CommandReferenceView view{listening.controller, *listening.scripted.platform->mainQueue};
+    SpokenTrial spokenTrial{listening.controller, *listening.scripted.platform};
+    CommandReferenceView view{listening.controller, *listening.scripted.platform->mainQueue, spokenTrial};
 };
 
 TEST_F(CommandReferenceViewTest, AtFirst_ListsTransport) {
@@ -242,6 +244,18 @@ TEST_F(CommandReferenceViewTest, Pencil_AsksForTheCommandsTriggers) {
     QTest::mouseClick(pencil, Qt::LeftButton);
     ASSERT_EQ(requests.size(), 1);
     EXPECT_EQ(requests[0][0].value<VoiceCommand>(), VoiceCommand::play);
+}
+
+TEST_F(CommandReferenceViewTest, PencilOfACustomCommand_AsksForItsEditor) {
+    const CustomCommand command = customCommand(QStringLiteral("Mixer"), {QStringLiteral("mixer")});
+    setCustomCommands({command});
+    choose(Custom);
+    const QSignalSpy requests(&view, &CommandReferenceView::editCustomCommandRequested);
+    auto* pencil = firstRow<CustomCommandReferenceRow>().findChild<Button*>(QStringLiteral("pencil"));
+    EXPECT_EQ(pencil->toolTip(), QStringLiteral("Edit command"));
+    QTest::mouseClick(pencil, Qt::LeftButton);
+    ASSERT_EQ(requests.size(), 1);
+    EXPECT_EQ(requests[0][0].value<QUuid>(), command.id);
 }
 
 TEST_F(CommandReferenceViewTest, Copy_TakesTheFirstTriggerInForceAndSaysSoForAMoment) {

@@ -22,6 +22,14 @@ TEST(Label, LimitedToTwoLines_NeverGrowsBeyondThem) {
     EXPECT_EQ(label.heightForWidth(200), label.fontMetrics().lineSpacing());
 }
 
+TEST(Label, LineBreaks_AreKeptWithinTheLimit) {
+    Label label(QStringLiteral("one\ntwo"));
+    label.setMaximumLines(3);
+    EXPECT_EQ(label.heightForWidth(200), 2 * label.fontMetrics().lineSpacing());
+    label.setText(QStringLiteral("one\ntwo\nthree\nfour"));
+    EXPECT_EQ(label.heightForWidth(200), 3 * label.fontMetrics().lineSpacing());
+}
+
 TEST(Label, LimitedToOneLine_MayBeNarrowerThanItsText) {
     Label label(QString(500, u'w'));
     label.setMaximumLines(1);

@@ -39,6 +39,7 @@ public:
         audioEngine_ = audioEngine.get();
 
         platform_.workQueue = std::make_unique<ScriptedWorkQueue>(*mainQueue);
+        platform_.pronunciations = std::make_shared<ScriptedPronunciationGuide>();
         platform_.mainQueue = std::move(mainQueue);
         platform_.log = std::make_unique<SilentServices>();
         platform_.keyboardLayout = std::make_unique<ScriptedKeyboardLayout>();

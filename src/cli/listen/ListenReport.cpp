@@ -1,7 +1,8 @@
 #include "cli/listen/ListenReport.h"
 
-#include "cli/DecisionText.h"
+#include "cli/DecisionJson.h"
 #include "cli/ScriptErrorJson.h"
+#include "engine/DecisionText.h"
 
 #include <cmath>
 #include <iomanip>

@@ -11,7 +11,9 @@
 #include "platform/linux/desktop/SoundThemeBeeper.h"
 #include "platform/linux/keys/X11KeySender.h"
 #include "platform/linux/keys/X11KeyboardLayout.h"
+#include "platform/linux/recognition/DictionaryPronunciationGuide.h"
 #include "platform/linux/recognition/InlineSpeechRecognition.h"
+#include "platform/linux/recognition/ModelFiles.h"
 #include "platform/linux/recognition/OfflineSpeechRecognition.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
 #include "platform/qt/LogFile.h"
@@ -47,6 +49,8 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     platform->audioDevices = std::make_unique<PulseAudioDevices>(*audio);
     platform->audioEngine = std::make_unique<PulseAudioEngine>(*audio);
     platform->speechRecognition = std::make_unique<OfflineSpeechRecognition>();
+    platform->pronunciations =
+        std::make_shared<DictionaryPronunciationGuide>(ModelFiles::locate().dictionary);
     return platform;
 }
 

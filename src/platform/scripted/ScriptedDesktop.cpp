@@ -26,10 +26,13 @@ ScriptedDesktop makeScriptedDesktop() {
     auto appearance = std::make_unique<ScriptedAppearance>();
     auto statusArea = std::make_unique<ScriptedStatusArea>();
     auto pointerPresses = std::make_unique<ScriptedPointerPresses>();
-    ScriptedDesktop scripted{std::make_unique<Desktop>(), *appearance, *statusArea, *pointerPresses};
+    auto activation = std::make_unique<ScriptedActivation>();
+    ScriptedDesktop scripted{std::make_unique<Desktop>(), *appearance, *statusArea, *pointerPresses,
+                             *activation};
     scripted.desktop->appearance = std::move(appearance);
     scripted.desktop->statusArea = std::move(statusArea);
     scripted.desktop->pointerPresses = std::move(pointerPresses);
+    scripted.desktop->activation = std::move(activation);
     return scripted;
 }
 

@@ -24,11 +24,14 @@ public:
     [[nodiscard]] bool isThere() const override { return isThere_; }
     void onChange(std::function<void()> changed) override { changed_ = std::move(changed); }
     [[nodiscard]] bool hasSquareIcons() const override { return true; }
+    [[nodiscard]] bool opensMenus() const override { return opensMenus_; }
 
     void setIsThere(bool isThere);
+    void setOpensMenus(bool opensMenus) { opensMenus_ = opensMenus; }
 
 private:
     bool isThere_ = true;
+    bool opensMenus_ = false;
     std::function<void()> changed_;
 };
 
@@ -45,12 +48,24 @@ private:
     std::function<void(QPoint)> pressed_;
 };
 
+class ScriptedActivation final : public ProgramActivation {
+public:
+    void activate() override { ++count_; }
+
+    /// How often the program has come to the front.
+    [[nodiscard]] int count() const { return count_; }
+
+private:
+    int count_ = 0;
+};
+
 /// A desktop that is played from outside. One thread.
 struct ScriptedDesktop {
     std::unique_ptr<Desktop> desktop;
     ScriptedAppearance& appearance;
     ScriptedStatusArea& statusArea;
     ScriptedPointerPresses& pointerPresses;
+    ScriptedActivation& activation;
 };
 
 /// With a status area, and without a preference for light or dark.

@@ -57,9 +57,12 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     auto& audioDevices = place<ScriptedAudioDevices>(platform->audioDevices);
     auto& audioEngine = place<ScriptedAudioEngine>(platform->audioEngine, sink);
     auto& speechRecognition = place<ScriptedSpeechRecognition>(platform->speechRecognition, sink);
+    auto pronunciations = std::make_shared<ScriptedPronunciationGuide>();
+    auto& knownPronunciations = *pronunciations;
+    platform->pronunciations = std::move(pronunciations);
     return {
-        std::move(platform), mainQueue,    defaults,    permissions,
-        scriptHost,          audioDevices, audioEngine, speechRecognition,
+        std::move(platform), mainQueue,   defaults,          permissions,         scriptHost,
+        audioDevices,        audioEngine, speechRecognition, knownPronunciations,
     };
 }
 

@@ -25,6 +25,7 @@ struct ScriptedPlatform {
     ScriptedAudioDevices& audioDevices;
     ScriptedAudioEngine& audioEngine;
     ScriptedSpeechRecognition& speechRecognition;
+    ScriptedPronunciationGuide& pronunciations;
 
     /// What the end of a program leaves: no tap, no task, nothing waiting. Settings stay.
     void endProgram();

@@ -85,6 +85,13 @@ void ScriptedBeeper::beep() {
     sink_("beep", nlohmann::ordered_json::object());
 }
 
+ExpectedPhrases ScriptedPronunciationGuide::expect(const QSet<QString>& phrases) const {
+    ExpectedPhrases expected = known;
+    expected.removeIf(
+        [&phrases](ExpectedPhrases::iterator phrase) { return !phrases.contains(phrase.key()); });
+    return expected;
+}
+
 std::optional<QString> ScriptedKeyboardLayout::characterForKeyCode(std::uint16_t keyCode) const {
     // By virtual key code from 0; a blank where the code is none of a character key.
     constexpr QStringView characters = u"asdfhgzxcv bqweryt123465=97-80]ou[ip lj'k;\\,/nm.";
@@ -94,12 +101,12 @@ std::optional<QString> ScriptedKeyboardLayout::characterForKeyCode(std::uint16_t
     return QString(characters[keyCode]);
 }
 
-std::optional<std::uint16_t> ScriptedKeyboardLayout::keyCodeForNativeScanCode(std::uint32_t scanCode) const {
+std::optional<std::uint16_t> ScriptedKeyboardLayout::keyCodeForNativeKey(NativeKey key) const {
     constexpr std::uint32_t keyCount = 128;
-    if (scanCode == 0 || scanCode > keyCount) {
+    if (key.scanCode == 0 || key.scanCode > keyCount) {
         return std::nullopt;
     }
-    return static_cast<std::uint16_t>(scanCode - 1);
+    return static_cast<std::uint16_t>(key.scanCode - 1);
 }
 
 } // namespace brivandel

@@ -5,6 +5,7 @@
 #include "platform/KeyboardLayout.h"
 #include "platform/Notifier.h"
 #include "platform/Permissions.h"
+#include "platform/PronunciationGuide.h"
 #include "platform/ScriptHost.h"
 #include "platform/WorkQueue.h"
 #include "platform/scripted/EventSink.h"
@@ -84,13 +85,20 @@ private:
     EventSink sink_;
 };
 
+/// Knows the phrases that it was told.
+class ScriptedPronunciationGuide final : public PronunciationGuide {
+public:
+    [[nodiscard]] ExpectedPhrases expect(const QSet<QString>& phrases) const override;
+
+    ExpectedPhrases known;
+};
+
 /// The letters and digits of an ANSI keyboard with a US layout, by which labels come out the same everywhere.
 class ScriptedKeyboardLayout final : public KeyboardLayout {
 public:
     [[nodiscard]] std::optional<QString> characterForKeyCode(std::uint16_t keyCode) const override;
     /// Its scan codes are key codes from 1 instead of from 0, so that 0 is no key.
-    [[nodiscard]] std::optional<std::uint16_t>
-    keyCodeForNativeScanCode(std::uint32_t scanCode) const override;
+    [[nodiscard]] std::optional<std::uint16_t> keyCodeForNativeKey(NativeKey key) const override;
 };
 
 } // namespace brivandel

@@ -116,6 +116,8 @@ class Accessibility(unittest.TestCase):
         search = reference.find("text", "Search commands")
         search.write("zzz")
         self.wait(lambda: reference.find("list item", "No commands match your search."), "the empty result")
+        reference.find("text", "Try a phrase").write("hey logic stop")
+        self.wait(lambda: 'stop (Stop playback/recording), by "stop"' in reference.texts(), "what it would do")
         search.write("pause")
         self.wait(lambda: reference.find("list item", "pause, Pause playback"), "the found command")
         self.press(reference, "Edit trigger phrases")

@@ -323,7 +323,7 @@ TEST_F(SpokenShortcutTest, CapturedSavedLoadedSpoken_ArrivesAsTheSameKey) {
     const Keyboard keyboard;
     const X11KeyboardLayout realLayout;
     {
-        SettingsView view(controller(), realLayout);
+        SettingsView view(controller(), realLayout, advice());
         view.editCustomCommand({});
         ASSERT_NO_FATAL_FAILURE(bringToFront(view));
         click(find<Button>(view, "addCommand"));

@@ -31,6 +31,12 @@ private:
     QMetaObject::Connection connection_;
 };
 
+// A window that is raised and asks for the keyboard brings its program along.
+class NoActivation final : public ProgramActivation {
+public:
+    void activate() override {}
+};
+
 bool isSet(const char* variable) {
     return !qEnvironmentVariableIsEmpty(variable);
 }
@@ -53,6 +59,7 @@ std::unique_ptr<Desktop> makeDesktop() {
     desktop->appearance = std::make_unique<PortalAppearance>();
     desktop->statusArea = std::make_unique<StatusItemHosts>(events);
     desktop->pointerPresses = std::make_unique<X11PointerPresses>(events);
+    desktop->activation = std::make_unique<NoActivation>();
     return desktop;
 }
 

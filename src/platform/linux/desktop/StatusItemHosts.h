@@ -24,6 +24,7 @@ public:
     [[nodiscard]] bool isThere() const override;
     void onChange(std::function<void()> changed) override;
     [[nodiscard]] bool hasSquareIcons() const override { return true; }
+    [[nodiscard]] bool opensMenus() const override { return false; } // most panels do not
 
 private Q_SLOTS:
     void askForPanel();

@@ -41,12 +41,13 @@ std::optional<QString> X11KeyboardLayout::characterForKeyCode(std::uint16_t keyC
     return keymap ? keymap->nameOfKey(static_cast<xcb_keycode_t>(*evdevCode + xKeyCodeOffset)) : std::nullopt;
 }
 
-std::optional<std::uint16_t> X11KeyboardLayout::keyCodeForNativeScanCode(std::uint32_t scanCode) const {
+std::optional<std::uint16_t> X11KeyboardLayout::keyCodeForNativeKey(NativeKey key) const {
     constexpr std::uint32_t lastScanCode = 255;
-    if (scanCode < xKeyCodeOffset || scanCode > lastScanCode) {
+    if (key.scanCode < xKeyCodeOffset || key.scanCode > lastScanCode) {
         return std::nullopt;
     }
-    const auto keyCode = virtualKeyCodeForEvdevCode(static_cast<std::uint16_t>(scanCode - xKeyCodeOffset));
+    const auto keyCode =
+        virtualKeyCodeForEvdevCode(static_cast<std::uint16_t>(key.scanCode - xKeyCodeOffset));
     return keyCode && isSoundKey(*keyCode) ? std::nullopt : keyCode;
 }
 

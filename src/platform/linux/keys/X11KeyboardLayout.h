@@ -16,8 +16,7 @@ public:
 
     [[nodiscard]] std::optional<QString> characterForKeyCode(std::uint16_t keyCode) const override;
     /// scanCode is an X key code.
-    [[nodiscard]] std::optional<std::uint16_t>
-    keyCodeForNativeScanCode(std::uint32_t scanCode) const override;
+    [[nodiscard]] std::optional<std::uint16_t> keyCodeForNativeKey(NativeKey key) const override;
 
 private:
     QByteArray display_;

@@ -108,4 +108,11 @@ Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPa
     return result;
 }
 
+QSet<QString> wordsInDictionary(const QSet<QString>& words, const QString& dictionaryPath) {
+    const Pronunciations dictionary = lookUp(words, dictionaryPath);
+    QSet<QString> found = words;
+    found.removeIf([&dictionary](const QString& word) { return !dictionary.contains(word); });
+    return found;
+}
+
 } // namespace brivandel

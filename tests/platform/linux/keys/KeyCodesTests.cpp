@@ -53,7 +53,7 @@ TEST(ScanCodes, EveryKeyButTheSoundKeys_IsTheKeyOfThatPlace) {
     const std::set<std::uint16_t> soundKeys = {72, 73, 74};
     for (const KeyCodePair& pair : keyCodePairs()) {
         const auto keyCode =
-            layout.keyCodeForNativeScanCode(static_cast<std::uint32_t>(pair.evdevCode + xKeyCodeOffset));
+            layout.keyCodeForNativeKey({static_cast<std::uint32_t>(pair.evdevCode + xKeyCodeOffset)});
         if (soundKeys.contains(pair.virtualKeyCode)) {
             EXPECT_FALSE(keyCode) << pair.virtualKeyCode;
         } else {
@@ -64,12 +64,12 @@ TEST(ScanCodes, EveryKeyButTheSoundKeys_IsTheKeyOfThatPlace) {
 
 TEST(ScanCodes, KeysOfMediaPlayersAndNoKeys_HaveNoKeyCode) {
     const X11KeyboardLayout layout(":4999");
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(KEY_PLAYPAUSE + xKeyCodeOffset));
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(KEY_NEXTSONG + xKeyCodeOffset));
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0));
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(xKeyCodeOffset - 1));
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0x10000 + KEY_A + xKeyCodeOffset));
-    EXPECT_FALSE(layout.keyCodeForNativeScanCode(0xffffffff));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({KEY_PLAYPAUSE + xKeyCodeOffset}));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({KEY_NEXTSONG + xKeyCodeOffset}));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({0}));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({xKeyCodeOffset - 1}));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({0x10000 + KEY_A + xKeyCodeOffset}));
+    EXPECT_FALSE(layout.keyCodeForNativeKey({0xffffffff}));
 }
 
 TEST(TargetName, Setting_NamesAProcessUnlessItSaysTitle) {

@@ -1,11 +1,10 @@
-#include "cli/PhraseTrial.h"
+#include "engine/PhraseTrial.h"
 
-#include "cli/DecisionText.h"
 #include "engine/WakePhrase.h"
 
 namespace brivandel {
 
-PhraseTrial::PhraseTrial(const UserSettings& settings)
+PhraseTrial::PhraseTrial(const PhraseSettings& settings)
     : wakeWord_(settings.wakeWord)
     , useWakeWord_(settings.useWakeWord) {
     matcher_.setTriggerOverrides(settings.triggerOverrides);
@@ -25,16 +24,6 @@ PhraseOutcome PhraseTrial::outcome(const QString& phrase) const {
         return {phrase, true, false, {}};
     }
     return {phrase, true, true, matcher_.candidates(*command)};
-}
-
-nlohmann::ordered_json outcomeJson(const PhraseOutcome& outcome) {
-    nlohmann::ordered_json json = {{"phrase", outcome.phrase.toStdString()}, {"woke", outcome.woke}};
-    if (outcome.decisions.empty()) {
-        json["kind"] = "none";
-    } else {
-        json.update(decisionMembers(outcome.decisions.front()));
-    }
-    return json;
 }
 
 } // namespace brivandel

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "cli/UserSettings.h"
+#include "engine/PhraseSettings.h"
 #include "engine/TranscriptMatcher.h"
 
 #include <QString>
-
-#include <nlohmann/json.hpp>
 
 #include <vector>
 
@@ -22,7 +20,7 @@ struct PhraseOutcome {
 /// Tries phrases against settings; nothing is sent.
 class PhraseTrial {
 public:
-    explicit PhraseTrial(const UserSettings& settings);
+    explicit PhraseTrial(const PhraseSettings& settings);
     [[nodiscard]] PhraseOutcome outcome(const QString& phrase) const;
 
 private:
@@ -30,8 +28,5 @@ private:
     bool useWakeWord_;
     TranscriptMatcher matcher_;
 };
-
-/// The outcome as one JSON object.
-[[nodiscard]] nlohmann::ordered_json outcomeJson(const PhraseOutcome& outcome);
 
 } // namespace brivandel

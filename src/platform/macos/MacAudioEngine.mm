@@ -1,0 +1,217 @@
+#include "platform/macos/FoundationText.h"
+#include "platform/macos/MacServices.h"
+#include "platform/macos/TapGate.h"
+
+#import <AVFoundation/AVFoundation.h>
+#import <AudioToolbox/AudioToolbox.h>
+
+#include <span>
+#include <utility>
+
+namespace brivandel {
+
+namespace {
+
+constexpr AVAudioNodeBus inputBus = 0;
+
+// AVFAudio raises an exception for what a program should have known, and for what none can know, as that an
+// input was unplugged a moment ago. None of them may go further than this.
+template <typename Call>
+std::optional<QString> failureOf(const Call& call) {
+    @try {
+        return call();
+    } @catch (NSException* exception) {
+        const QString reason = fromNSString(exception.reason);
+        return reason.isEmpty() ? fromNSString(exception.name) : reason;
+    }
+}
+
+// The arrays of the buffer's channels; none when it holds no separate arrays of floats.
+std::span<const float* const> channelsOf(AVAudioPCMBuffer* buffer) {
+    const float* const* channels = buffer.floatChannelData;
+    if (channels == nullptr || buffer.stride != 1) {
+        return {};
+    }
+    return {channels, buffer.format.channelCount};
+}
+
+class MacAudioEngine final : public AudioEngine {
+public:
+    MacAudioEngine() {
+        @autoreleasepool {
+            engine_ = [[AVAudioEngine alloc] init];
+        }
+    }
+
+    ~MacAudioEngine() override {
+        @autoreleasepool {
+            removeTap();
+            stop();
+            engine_ = nil;
+        }
+    }
+
+    MacAudioEngine(const MacAudioEngine&) = delete;
+    MacAudioEngine& operator=(const MacAudioEngine&) = delete;
+
+    [[nodiscard]] AudioFormat inputFormat() override {
+        @autoreleasepool {
+            AudioFormat format{.sampleRateHz = 0, .channelCount = 0, .bitsPerChannel = 0};
+            static_cast<void>(failureOf([&]() -> std::optional<QString> {
+                AVAudioFormat* input = [engine_.inputNode inputFormatForBus:inputBus];
+                const AudioStreamBasicDescription& description = *input.streamDescription;
+                format = {input.sampleRate, input.channelCount, description.mFormatID,
+                          description.mBitsPerChannel};
+                return std::nullopt;
+            }));
+            return format;
+        }
+    }
+
+    /// What goes wrong is told by the start that follows, which also tries again.
+    void installTap(std::uint32_t bufferSizeFrames, const AudioFormat& /*format*/, TapBlock block) override {
+        removeTap();
+        tapBufferSizeFrames_ = bufferSizeFrames;
+        tap_ = std::make_shared<TapGate>(std::move(block));
+        static_cast<void>(connectTap());
+    }
+
+    void removeTap() override {
+        @autoreleasepool {
+            if (tap_) {
+                tap_->close();
+                tap_.reset();
+            }
+            disconnectTap();
+        }
+    }
+
+    void prepare() override {
+        @autoreleasepool {
+            static_cast<void>(failureOf([this]() -> std::optional<QString> {
+                // An engine without any node refuses to be prepared, and its input node is made when asked
+                // for.
+                if (engine_.inputNode != nil) {
+                    [engine_ prepare];
+                }
+                return std::nullopt;
+            }));
+        }
+    }
+
+    [[nodiscard]] std::optional<QString> start() override {
+        @autoreleasepool {
+            if (engine_.running && (!tap_ || isTapConnected_)) {
+                return std::nullopt;
+            }
+            if (auto failure = connectTap()) {
+                return failure;
+            }
+            return failureOf([this]() -> std::optional<QString> {
+                NSError* error = nil;
+                if ([engine_ startAndReturnError:&error]) {
+                    return std::nullopt;
+                }
+                return error != nil ? fromNSString(error.localizedDescription)
+                                    : QStringLiteral("the audio engine gave no reason");
+            });
+        }
+    }
+
+    void stop() override {
+        @autoreleasepool {
+            static_cast<void>(failureOf([this]() -> std::optional<QString> {
+                [engine_ stop];
+                return std::nullopt;
+            }));
+        }
+    }
+
+    void followDefaultInput() override {
+        if (!hasDeviceOfItsOwn_) {
+            return;
+        }
+        // There is no way back for an engine whose device was set; set to the default of this moment, it
+        // would not follow the next one.
+        @autoreleasepool {
+            disconnectTap();
+            stop();
+            engine_ = [[AVAudioEngine alloc] init];
+            hasDeviceOfItsOwn_ = false;
+        }
+    }
+
+    [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID device) override {
+        @autoreleasepool {
+            AudioUnit unit = nullptr;
+            static_cast<void>(failureOf([&]() -> std::optional<QString> {
+                unit = engine_.inputNode.audioUnit;
+                return std::nullopt;
+            }));
+            if (unit == nullptr) {
+                return kAudioUnitErr_Uninitialized;
+            }
+            constexpr AudioUnitElement element = 0;
+            const OSStatus status =
+                AudioUnitSetProperty(unit, kAudioOutputUnitProperty_CurrentDevice, kAudioUnitScope_Global,
+                                     element, &device, sizeof device);
+            hasDeviceOfItsOwn_ = hasDeviceOfItsOwn_ || status == noErr;
+            return status;
+        }
+    }
+
+private:
+    // What failed, if anything. Nothing to connect is no failure.
+    std::optional<QString> connectTap() {
+        if (!tap_ || isTapConnected_) {
+            return std::nullopt;
+        }
+        @autoreleasepool {
+            auto failure = failureOf([this]() -> std::optional<QString> {
+                AVAudioInputNode* input = engine_.inputNode;
+                AVAudioFormat* format = [input inputFormatForBus:inputBus];
+                if (format.sampleRate <= 0 || format.channelCount == 0) {
+                    return QStringLiteral("there is no sound input, or this program may not use it");
+                }
+                const auto tap = tap_;
+                [input installTapOnBus:inputBus
+                            bufferSize:tapBufferSizeFrames_
+                                format:format
+                                 block:^(AVAudioPCMBuffer* buffer, AVAudioTime*) {
+                                   @autoreleasepool {
+                                       tap->pass({buffer.format.sampleRate, buffer.frameLength,
+                                                  channelsOf(buffer)});
+                                   }
+                                 }];
+                return std::nullopt;
+            });
+            isTapConnected_ = !failure;
+            return failure;
+        }
+    }
+
+    void disconnectTap() {
+        if (!isTapConnected_) {
+            return;
+        }
+        isTapConnected_ = false;
+        static_cast<void>(failureOf([this]() -> std::optional<QString> {
+            [engine_.inputNode removeTapOnBus:inputBus];
+            return std::nullopt;
+        }));
+    }
+
+    AVAudioEngine* engine_ = nil;
+    bool hasDeviceOfItsOwn_ = false;
+    std::shared_ptr<TapGate> tap_; // the tap that is wanted
+    bool isTapConnected_ = false;
+    std::uint32_t tapBufferSizeFrames_ = 0;
+};
+
+} // namespace
+
+std::unique_ptr<AudioEngine> makeMacAudioEngine() {
+    return std::make_unique<MacAudioEngine>();
+}
+
+} // namespace brivandel

@@ -1,0 +1,6 @@
+// What the adapters use of Application Services, written from its public documentation. Each declaration names its page.
+#pragma once
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/CoreServices.h>
+
+extern "C" Boolean AXIsProcessTrusted(void); // Application Services: AXIsProcessTrusted

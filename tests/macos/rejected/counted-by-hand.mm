@@ -1,0 +1,9 @@
+// rejected: ARC forbids
+#import <Foundation/Foundation.h>
+@interface Owner : NSObject
+@end
+@implementation Owner
+- (void)dealloc {
+    [super dealloc];
+}
+@end

@@ -1,0 +1,5 @@
+// rejected: cannot initialize|incompatible pointer
+#import <AVFoundation/AVFoundation.h>
+NSString* first(AVCaptureDeviceDiscoverySession* session) {
+    return session.devices.firstObject;
+}

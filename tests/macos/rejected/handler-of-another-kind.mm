@@ -1,0 +1,6 @@
+// rejected: cannot initialize a parameter|incompatible block
+#import <Speech/Speech.h>
+void ask() {
+    [SFSpeechRecognizer requestAuthorization:^(NSString*){
+    }];
+}

@@ -1,0 +1,5 @@
+// rejected: undeclared identifier 'AXIsProcessTrustet'
+#import <ApplicationServices/ApplicationServices.h>
+bool isTrusted() {
+    return AXIsProcessTrustet() != 0;
+}

@@ -1,0 +1,5 @@
+// rejected: undeclared selector
+#import <Foundation/Foundation.h>
+SEL selector() {
+    return @selector(observeNothingAtAll:);
+}
