@@ -1,5 +1,5 @@
-// What the recogniser costs apart from listening: the time until it is ready, the beginning of a session, another
-// vocabulary, and memory. Prints one JSON object.
+// What the recogniser costs apart from listening: the time until it is ready, the beginning of a session,
+// another vocabulary, and memory. Prints one JSON object.
 
 #include "platform/linux/recognition/DecoderPool.h"
 
@@ -20,13 +20,14 @@ using Clock = std::chrono::steady_clock;
 RecognitionVocabulary vocabulary(const QString& custom) {
     return {.wakePhrase = QStringLiteral("hey logic"),
             .wakePhraseRequired = true,
-            .phrases = QStringLiteral("start recording|record|recording|stop recording|play|stop|pause|go to start|"
-                                      "go to beginning|rewind|fast forward|skip ahead|delete last take|delete take|"
-                                      "delete that|undo|redo|save project|save|save as|enable loop|loop on|disable loop|"
-                                      "loop off|loop this section|loop this|count me in|count in|play that back|"
-                                      "play it back|playback|stop playback|click on|metronome on|click off|"
-                                      "metronome off|enable trigger word|trigger word on|disable trigger word|"
-                                      "trigger word off")
+            .phrases = QStringLiteral(
+                           "start recording|record|recording|stop recording|play|stop|pause|go to start|"
+                           "go to beginning|rewind|fast forward|skip ahead|delete last take|delete take|"
+                           "delete that|undo|redo|save project|save|save as|enable loop|loop on|disable loop|"
+                           "loop off|loop this section|loop this|count me in|count in|play that back|"
+                           "play it back|playback|stop playback|click on|metronome on|click off|"
+                           "metronome off|enable trigger word|trigger word on|disable trigger word|"
+                           "trigger word off")
                            .split(u'|')
                        << custom,
             .barPhrases = QStringLiteral("go to bar|play from bar|play at bar").split(u'|')};
@@ -54,11 +55,11 @@ nlohmann::ordered_json measure(int rebuildCount) {
     nlohmann::ordered_json figures;
     figures["untilReadyMs"] = milliseconds([&] { pool->prepare(vocabulary(QStringLiteral("quantize"))); });
     figures["modelsMB"] = residentMegabytes() - before;
-    figures["sessionStartMs"] = milliseconds([&] {
-        pool->lend(vocabulary(QStringLiteral("quantize")))->begin(Expecting::WakePhrase);
-    });
+    figures["sessionStartMs"] = milliseconds(
+        [&] { pool->lend(vocabulary(QStringLiteral("quantize")))->begin(Expecting::WakePhrase); });
     const auto rebuild = [&](int index) {
-        pool->prepare(vocabulary(index % 2 == 0 ? QStringLiteral("unmute the synth") : QStringLiteral("overdub")));
+        pool->prepare(
+            vocabulary(index % 2 == 0 ? QStringLiteral("unmute the synth") : QStringLiteral("overdub")));
     };
     // The first few find the size that all tables need.
     constexpr int warmUpCount = 20;
