@@ -103,7 +103,9 @@ void RecognitionSession::considerInterim() {
 
 std::optional<Reading> RecognitionSession::readingInSilence() {
     auto reading = utterance_->lease.decoder->interim();
-    if (!reading && endpointer_.silence() >= scrutiny && utterance_->lease.decoder->isPromising()) {
+    const bool isWorthwhile =
+        utterance_->length <= longestCommand || utterance_->lease.decoder->isPromising();
+    if (!reading && endpointer_.silence() >= scrutiny && isWorthwhile) {
         if (!utterance_->conclusion) {
             utterance_->conclusion = utterance_->lease.decoder->conclude();
         }

@@ -35,6 +35,9 @@ public:
     /// Silence in which the whole utterance is gone over once more, when its words are not clear yet: so long
     /// that it is seldom in vain.
     static constexpr std::chrono::milliseconds scrutiny{120};
+    /// Nobody takes longer for a command. Of what is longer only that is gone over in its pauses which seems
+    /// to be for us: music is long, and so is talk.
+    static constexpr std::chrono::milliseconds longestCommand{2800};
     /// A phrase that was broken off is heard again with what follows within this time.
     static constexpr std::chrono::seconds longestThought{3};
     /// The decoder is asked at this interval, and must give the same answer twice.

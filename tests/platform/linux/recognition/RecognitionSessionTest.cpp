@@ -100,10 +100,14 @@ TEST_F(RecognitionSessionTest, UtteranceThatOnlyTheSecondLookUnderstands_IsDeliv
     EXPECT_THAT(deliveries_.lines, ElementsAre(command));
 }
 
-TEST_F(RecognitionSessionTest, UtteranceWithoutPromise_IsLookedAtOnceMoreAtItsEndOnly) {
+TEST_F(RecognitionSessionTest, LongUtteranceWithoutPromise_IsLookedAtOnceMoreAtItsEndOnly) {
     start();
     decoder_->promising = false;
     decoder_->conclusion.reading = whole(command);
+    speak(900ms);
+    keepSilent(50ms);
+    speak(900ms);
+    keepSilent(50ms);
     speak(900ms);
     keepSilent(Endpointer::hangover - 20ms);
     EXPECT_EQ(decoder_->conclusions, 0);
