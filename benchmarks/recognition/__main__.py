@@ -28,13 +28,14 @@ def arguments():
     parser.add_argument("--quick", action="store_true", help="a tenth of the utterances")
     parser.add_argument("--size", type=float, help="the share of the utterances; 1 is the whole")
     parser.add_argument("--hours", type=float, default=3.2, help="of ordinary speech, music and noise")
-    parser.add_argument("--only", default="", help="groups whose names hold one of these texts, parted by commas")
+    parser.add_argument("--only", default="", help="groups whose names hold one of these texts, parted by semicolons")
     parser.add_argument("--jobs", type=int, default=2, help="how many to run at once")
     parser.add_argument("--fresh", action="store_true", help="forget the results that are there")
     parser.add_argument("--no-general", action="store_true", help="without the general model")
     parser.add_argument("--program", type=Path, required=True)
     parser.add_argument("--folder", type=Path, required=True, help="where sounds and results are kept")
     parser.add_argument("--document", type=Path, help="a document whose table, and pictures beside it, to write")
+    parser.add_argument("--no-run", action="store_true", help="hear nothing more: the figures of what has been heard")
     parser.add_argument("--misses", action="store_true", help="list what was not right")
     parser.add_argument("--require", type=float, help="fail below this share of right ones, and at any wrong one")
     given = parser.parse_args()
@@ -53,7 +54,7 @@ class Rig:
 
     def corpus(self):
         corpus = Corpus(self._given.half, self._given.seed, self._given.size, self._program.triggers(), self._given.hours)
-        wanted = [text for text in self._given.only.split(",") if text]
+        wanted = [text for text in self._given.only.split(";") if text]
         return [u for u in corpus.utterances if not wanted or any(text in u.group for text in wanted)]
 
     def run(self, utterances, results):
@@ -182,7 +183,8 @@ def main():
     build = hashlib.sha256(given.program.read_bytes()).hexdigest()[:12]
     results = Results(given.folder / f"{given.half}-{given.seed}-{build}.jsonl", given.fresh)
     try:
-        rig.run(utterances, results)
+        if not given.no_run:
+            rig.run(utterances, results)
     except KeyboardInterrupt:
         print("\nstopped; the same command goes on from here", file=sys.stderr)
         return 130

@@ -1,5 +1,6 @@
 """Two pictures, as SVG written by hand: each says one thing."""
 
+import math
 from html import escape
 
 _WIDTH, _HEIGHT = 720, 400
@@ -22,7 +23,8 @@ class _Picture:
                            f"{escape(words)}</text>")
 
     def line(self, points, colour, width=2.0, dashes=""):
-        path = " ".join(f"{x:.1f},{y:.1f}" for x, y in points)
+        # What was not measured is no number, and has no point.
+        path = " ".join(f"{x:.1f},{y:.1f}" for x, y in points if not math.isnan(y))
         self._parts.append(f'<polyline points="{path}" fill="none" stroke="{colour}" stroke-width="{width}"'
                            f'{f" stroke-dasharray={chr(34)}{dashes}{chr(34)}" if dashes else ""}/>')
 
