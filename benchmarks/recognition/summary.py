@@ -90,7 +90,10 @@ class Figures:
             every += results
             if results:
                 yield _long_row(name, results)
-        yield _long_row("together", every)
+        if every:
+            yield _long_row("together", every)
+        else:
+            yield "| none measured | – | – | – |"
 
     def delays(self, extendable):
         return [r["times"][0] - r["ends"][-1] for r in self._groups["program"].get("natural voices, clean", [])
