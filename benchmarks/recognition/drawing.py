@@ -28,6 +28,10 @@ class _Picture:
         self._parts.append(f'<polyline points="{path}" fill="none" stroke="{colour}" stroke-width="{width}"'
                            f'{f" stroke-dasharray={chr(34)}{dashes}{chr(34)}" if dashes else ""}/>')
 
+    def point(self, x, y, colour):
+        if not math.isnan(y):
+            self._parts.append(f'<circle cx="{x:.1f}" cy="{y:.1f}" r="3.5" fill="{colour}"/>')
+
     def bar(self, x, y, width, height, colour):
         self._parts.append(f'<rect x="{x:.1f}" y="{y:.1f}" width="{width:.1f}" height="{height:.1f}" fill="{colour}" '
                            'fill-opacity="0.7"/>')
@@ -65,6 +69,8 @@ def noise_picture(path, levels, curves, wrong):
         picture.text(place, _HEIGHT - _BOTTOM + 22, level, "middle")
     for index, (name, shares) in enumerate(curves.items()):
         picture.line([(x, _down(share / 100)) for x, share in zip(places, shares)], _COLOURS[index])
+        for x, share in zip(places, shares):
+            picture.point(x, _down(share / 100), _COLOURS[index])
         picture.legend(index, name, _COLOURS[index])
     picture.line([(x, _down(share / 100)) for x, share in zip(places, wrong)], "#000", 2.5, "6 4")
     picture.legend(len(curves), "wrong, of all", "#000")
@@ -79,7 +85,8 @@ def delay_picture(path, delays):
     for name, values in delays.items():
         for value in values:
             counts[name][min(max(int(value / step), 0), len(counts[name]) - 1)] += 1
-    highest = max(4, max((max(c) for c in counts.values()), default=4))
+    # In four steps of whole phrases.
+    highest = 4 * math.ceil(max(1, *(max(c) for c in counts.values())) / 4)
     picture.scale_of_shares(highest, "")
     for tenth in range(9):
         picture.text(_across(tenth / 8), _HEIGHT - _BOTTOM + 22, f"{tenth / 10:.1f} s", "middle")

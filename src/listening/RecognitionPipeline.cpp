@@ -30,7 +30,7 @@ RecognitionPipeline::RecognitionPipeline(const Services& services, RecognitionPi
         speechRecognizer_->setVerdictHandler([&log = services.log](const UtteranceVerdict& verdict) {
             if (!verdict.isAccepted) {
                 log.write(QStringLiteral("Passed over: “%1” — %2 (score %3)")
-                              .arg(verdict.text, verdict.reason, logText(verdict.score)));
+                              .arg(verdict.text, verdict.reason, QString::number(verdict.score, 'f', 1)));
             }
         });
     }

@@ -13,6 +13,9 @@ namespace {
 // Words begin a little before the gate is sure of them.
 constexpr AudioTime lead = std::chrono::milliseconds(150);
 
+// Below this nobody meant a phrase: music would fill the log.
+constexpr double farthestMiss = -40;
+
 const QString& searchFor(Expecting expecting) {
     static const QString wakePhrase = QStringLiteral("wake phrase");
     static const QString command = QStringLiteral("command");
@@ -136,10 +139,12 @@ Conclusion PhraseDecoder::conclude() {
         Evidence::weigh(phrase, reference_->heard(), vocabulary_->graph.wakePhraseLength(words));
     const Evidence::Weakest weakest = evidence.weakest();
     Conclusion conclusion;
-    conclusion.verdict = UtteranceVerdict{.text = reading->text,
-                                          .isAccepted = evidence.provesCommand(),
-                                          .score = weakest.margin,
-                                          .reason = weakest.what};
+    if (weakest.margin >= farthestMiss) {
+        conclusion.verdict = UtteranceVerdict{.text = reading->text,
+                                              .isAccepted = evidence.provesCommand(),
+                                              .score = weakest.margin,
+                                              .reason = weakest.what};
+    }
     if (evidence.provesCommand()) {
         conclusion.reading = reading;
     } else if (evidence.provesWakePhrase()) {
