@@ -1,5 +1,6 @@
 #include "cli/Subcommands.h"
 #include "cli/UserSettings.h"
+#include "cli/VerdictText.h"
 #include "cli/WaveFile.h"
 #include "engine/SpokenPhrases.h"
 #include "platform/PlatformFactory.h"
@@ -27,6 +28,11 @@ struct TranscribeOptions {
 
 constexpr std::uint32_t blockFrameCount = 1024;
 
+double roundedToMilliseconds(double seconds) {
+    constexpr double millisecondsPerSecond = 1000;
+    return std::round(seconds * millisecondsPerSecond) / millisecondsPerSecond;
+}
+
 class Transcriber {
 public:
     Transcriber(SpeechRecognition& recognition, SpeechRecognizer& recognizer, bool json,
@@ -48,6 +54,8 @@ public:
         bool isHeard = true;
         const auto request = recognition_.makeRequest();
         request->setShouldReportPartialResults(true);
+        recognizer_.setVerdictHandler(
+            [&](const UtteranceVerdict& verdict) { print(path, seconds, verdict); });
         const auto task = recognizer_.startTask(request, [&](const std::optional<RecognitionResult>& result,
                                                              const std::optional<QString>& error) {
             if (result) {
@@ -68,8 +76,7 @@ public:
 
 private:
     void print(const std::string& path, double seconds, const RecognitionResult& result) {
-        constexpr double millisecondsPerSecond = 1000;
-        const double rounded = std::round(seconds * millisecondsPerSecond) / millisecondsPerSecond;
+        const double rounded = roundedToMilliseconds(seconds);
         const std::string text = result.formattedString.toStdString();
         if (json_) {
             terminal_.out << nlohmann::ordered_json{{"file", path},
@@ -81,6 +88,17 @@ private:
         } else {
             terminal_.out << path << std::fixed << std::setprecision(2) << std::setw(9) << rounded
                           << (result.isFinal ? " s  final  " : " s         ") << text << '\n';
+        }
+    }
+
+    void print(const std::string& path, double seconds, const UtteranceVerdict& verdict) {
+        if (json_) {
+            nlohmann::ordered_json line{{"file", path}, {"t", roundedToMilliseconds(seconds)}};
+            line.update(verdictMembers(verdict));
+            terminal_.out << line.dump() << '\n';
+        } else if (!verdict.isAccepted) {
+            terminal_.out << path << std::fixed << std::setprecision(2) << std::setw(9) << seconds
+                          << " s  passed " << verdictText(verdict).toStdString() << '\n';
         }
     }
 

@@ -25,7 +25,16 @@ constexpr auto restartsAreRecentFor = 5s;
 RecognitionPipeline::RecognitionPipeline(const Services& services, RecognitionPipelineObserver& observer)
     : services_(services)
     , observer_(observer)
-    , speechRecognizer_(services.speechRecognition.makeRecognizer(locale)) {}
+    , speechRecognizer_(services.speechRecognition.makeRecognizer(locale)) {
+    if (speechRecognizer_) {
+        speechRecognizer_->setVerdictHandler([&log = services.log](const UtteranceVerdict& verdict) {
+            if (!verdict.isAccepted) {
+                log.write(QStringLiteral("Passed over: “%1” — %2 (score %3)")
+                              .arg(verdict.text, verdict.reason, QString::number(verdict.score, 'f', 1)));
+            }
+        });
+    }
+}
 
 void RecognitionPipeline::setVocabulary(const RecognitionVocabulary& vocabulary) {
     if (speechRecognizer_) {

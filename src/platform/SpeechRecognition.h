@@ -29,6 +29,17 @@ struct RecognitionResult {
     bool isFinal = false;
 };
 
+/// Why one utterance was taken for a phrase, or was not: for people who wonder what was heard.
+struct UtteranceVerdict {
+    /// The phrase that came nearest; never empty.
+    QString text;
+    /// Whether it was delivered.
+    bool isAccepted = false;
+    /// How sure the recogniser was, in its own units: larger is surer.
+    double score = 0;
+    QString reason;
+};
+
 /// A running recognition. Letting go of it ends nothing: what was finished still delivers. A session that was
 /// neither finished nor cancelled ends silently once nobody holds its request. Main thread.
 class SpeechRecognitionTask {
@@ -46,10 +57,15 @@ public:
     /// session.
     using ResultHandler =
         std::function<void(const std::optional<RecognitionResult>&, const std::optional<QString>& error)>;
+    /// Called on the recogniser's own thread, after the utterance's result if it has one.
+    using VerdictHandler = std::function<void(const UtteranceVerdict&)>;
 
     virtual ~SpeechRecognizer() = default;
     /// In force from the next utterance on, in a running session too. Main thread.
     virtual void setVocabulary(const RecognitionVocabulary& vocabulary) = 0;
+    /// In force for the tasks that are started afterwards. A recogniser that gives no reasons never calls it.
+    /// Main thread.
+    virtual void setVerdictHandler(VerdictHandler /*handler*/) {}
     /// Starts recognising what is appended to the request. Main thread; returns at once.
     [[nodiscard]] virtual std::unique_ptr<SpeechRecognitionTask>
     startTask(std::shared_ptr<SpeechRecognitionRequest> request, ResultHandler handler) = 0;

@@ -53,7 +53,9 @@ public:
         platform_.audioEngine = std::move(audioEngine);
         platform_.speechRecognition = std::make_unique<ObservedRecognition>(
             recognition,
-            [this, &report](const RecognitionResult& result) { report.heard(seconds(), result); });
+            ObservedRecognition::Show{
+                [this, &report](const RecognitionResult& result) { report.heard(seconds(), result); },
+                [this, &report](const UtteranceVerdict& verdict) { report.judged(seconds(), verdict); }});
 
         controller_ = std::make_unique<VoiceController>(platform_);
         QObject::connect(controller_.get(), &VoiceController::willAct, controller_.get(),

@@ -2,6 +2,7 @@
 
 #include "cli/DecisionJson.h"
 #include "cli/ScriptErrorJson.h"
+#include "cli/VerdictText.h"
 #include "engine/DecisionText.h"
 
 #include <cmath>
@@ -42,6 +43,14 @@ void ListenReport::heard(double seconds, const RecognitionResult& result) {
         printJson(seconds, "heard", {{"text", text}, {"final", result.isFinal}});
     } else {
         printText(seconds, "heard", text);
+    }
+}
+
+void ListenReport::judged(double seconds, const UtteranceVerdict& verdict) {
+    if (json_) {
+        printJson(seconds, "judged", verdictMembers(verdict));
+    } else if (!verdict.isAccepted) {
+        printText(seconds, "passed", verdictText(verdict).toStdString());
     }
 }
 

@@ -27,6 +27,8 @@ public:
     /// compared.
     void began(std::chrono::steady_clock::time_point time);
     void heard(double seconds, const RecognitionResult& result);
+    /// Why an utterance was delivered, or was not.
+    void judged(double seconds, const UtteranceVerdict& verdict);
     void command(double seconds, const QString& phrase, bool usesWakeWord, const Decision& decision);
     void script(double seconds, const std::optional<ScriptErrorDictionary>& error);
 

@@ -37,9 +37,13 @@ public:
                 post([this, &report, error] { report.script(seconds(), error); });
             });
         system_->speechRecognition = std::make_unique<ObservedRecognition>(
-            *recognition_, [this, &report](const RecognitionResult& result) {
-                post([this, &report, result] { report.heard(seconds(), result); });
-            });
+            *recognition_, ObservedRecognition::Show{
+                               [this, &report](const RecognitionResult& result) {
+                                   post([this, &report, result] { report.heard(seconds(), result); });
+                               },
+                               [this, &report](const UtteranceVerdict& verdict) {
+                                   post([this, &report, verdict] { report.judged(seconds(), verdict); });
+                               }});
         if (options.dryRun) {
             // Nothing has happened, so nothing says so: no beep, no log line, no setting changed by voice.
             system_->defaults = std::make_unique<MemoryDefaultsStore>(system_->defaults->objects());

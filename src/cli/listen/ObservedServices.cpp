@@ -10,7 +10,19 @@ class ObservedRecognizer final : public SpeechRecognizer {
 public:
     ObservedRecognizer(std::unique_ptr<SpeechRecognizer> recognizer, ObservedRecognition::Show show)
         : recognizer_(std::move(recognizer))
-        , show_(std::move(show)) {}
+        , show_(std::move(show)) {
+        setVerdictHandler({});
+    }
+
+    void setVerdictHandler(VerdictHandler handler) override {
+        recognizer_->setVerdictHandler(
+            [show = show_.verdict, handler = std::move(handler)](const UtteranceVerdict& verdict) {
+                show(verdict);
+                if (handler) {
+                    handler(verdict);
+                }
+            });
+    }
 
     void setVocabulary(const RecognitionVocabulary& vocabulary) override {
         recognizer_->setVocabulary(vocabulary);
@@ -18,7 +30,7 @@ public:
 
     std::unique_ptr<SpeechRecognitionTask> startTask(std::shared_ptr<SpeechRecognitionRequest> request,
                                                      ResultHandler handler) override {
-        return recognizer_->startTask(std::move(request), [show = show_, handler = std::move(handler)](
+        return recognizer_->startTask(std::move(request), [show = show_.result, handler = std::move(handler)](
                                                               const auto& result, const auto& error) {
             if (result) {
                 show(*result);

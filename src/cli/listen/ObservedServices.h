@@ -8,10 +8,13 @@
 
 namespace brivandel {
 
-/// Passes a recogniser on, and shows what it delivers, on the thread on which it does.
+/// Passes a recogniser on, and shows what it delivers and why, on the thread on which it does.
 class ObservedRecognition final : public SpeechRecognition {
 public:
-    using Show = std::function<void(const RecognitionResult&)>;
+    struct Show {
+        std::function<void(const RecognitionResult&)> result;
+        SpeechRecognizer::VerdictHandler verdict;
+    };
 
     ObservedRecognition(SpeechRecognition& recognition, Show show);
     [[nodiscard]] std::unique_ptr<SpeechRecognizer> makeRecognizer(const QString& locale) override;

@@ -10,12 +10,21 @@ namespace brivandel {
 /// Hands results to the handler of a session until it is closed. Any thread.
 class Delivery {
 public:
-    explicit Delivery(SpeechRecognizer::ResultHandler handler) : handler_(std::move(handler)) {}
+    explicit Delivery(SpeechRecognizer::ResultHandler handler, SpeechRecognizer::VerdictHandler judge = {})
+        : handler_(std::move(handler))
+        , judge_(std::move(judge)) {}
 
     void deliver(const std::optional<RecognitionResult>& result, const std::optional<QString>& error) {
         const std::lock_guard lock(mutex_);
         if (open_) {
             handler_(result, error);
+        }
+    }
+
+    void judge(const UtteranceVerdict& verdict) {
+        const std::lock_guard lock(mutex_);
+        if (open_ && judge_) {
+            judge_(verdict);
         }
     }
 
@@ -35,6 +44,7 @@ private:
     mutable std::recursive_mutex mutex_;
     bool open_ = true;
     SpeechRecognizer::ResultHandler handler_;
+    SpeechRecognizer::VerdictHandler judge_;
 };
 
 } // namespace brivandel

@@ -17,7 +17,7 @@ public:
     static constexpr double onsetDecibels = 8;
     /// Sound must last so long to begin an utterance, and silence so long to end one.
     static constexpr std::chrono::milliseconds onset{40};
-    static constexpr std::chrono::milliseconds hangover{350};
+    static constexpr std::chrono::milliseconds hangover{420};
     /// How far back an utterance reaches before the sound that began it: soft consonants come before the loud
     /// vowel.
     static constexpr std::chrono::milliseconds preRoll{300};

@@ -1,26 +1,41 @@
 #include "platform/linux/recognition/Evidence.h"
 
 #include <algorithm>
+#include <array>
 
 namespace brivandel {
 
 namespace {
 
-// From synthetic speech. Phrases that were said: mostly above -5 for the whole and -8 for each word; single
-// short ones reach -12 and -20, and one word of many -54. Sentences that are nearly a phrase differ in one
-// part of it, by -25 and below for a wrong word of the wake phrase, -28 and below for a wrong command.
-constexpr double leastOfAll = -13;
-constexpr double leastOfWakePhrase = -20;
-constexpr double leastOfCommand = -25;
-constexpr double leastOfCommandWord = -60;
-// A command by itself is short, so that its vague edges weigh more: "undo" has been seen at -17 for the
-// whole. Ordinary sentences forced into a command: -27 and below for the whole, -43 and below for the
-// command.
-constexpr double leastOfAllAlone = -20;
-constexpr double leastOfCommandAlone = -30;
-// "Topic the king we learned" is not "stop", however well that fits somewhere in it.
-constexpr double leastCoverage = 0.7;
-constexpr qsizetype mostSurplusWords = 2;
+/// The least of each kind of evidence that makes a command.
+struct Demands {
+    double all;
+    double wakePhrase;
+    double command;
+    double commandWord;
+    double coverage;
+    qsizetype surplusWords;
+};
+
+// From synthetic speech. Where the reference hears the same words, a phrase that was said scores above -5 for
+// the whole and -9 for the command, and what was not said hardly ever agrees by chance. In loud music both
+// fit worse.
+constexpr Demands ifAgreed = {-15, -20, -25, -60, 0, 100};
+// Where it hears others, sentences that are nearly a phrase come as near as -13 for a wrong word of the wake
+// phrase and -15 for a wrong command; such as were said and are given up by this are 1 in 50.
+constexpr Demands ifDisputed = {-10, -12, -13, -35, 0.7, 2};
+// A command by itself has no wake phrase to vouch for it. Beats of a drum have been taken for "save" at -8
+// and -16.
+constexpr Demands ifAgreedAlone = {-12, -20, -15, -60, 0, 100};
+constexpr Demands ifDisputedAlone = {-8, -12, -10, -35, 0.7, 2};
+
+const Demands& demandsOn(const Evidence& evidence) {
+    if (evidence.commandAlone) {
+        return evidence.isAgreed ? ifAgreedAlone : ifDisputedAlone;
+    }
+    return evidence.isAgreed ? ifAgreed : ifDisputed;
+}
+
 // A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
 constexpr double leastScore = -75;
 
@@ -102,18 +117,27 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
     Sum all = sumOf(phrase);
     all.score -= sumOf(reference).score;
     evidence.ofAll = all.mean();
+    const QStringList words = wordsOf(phrase);
+    evidence.isAgreed =
+        wordsOf(reference).mid(std::max<qsizetype>(heard.wordCount - said.wordCount, 0)) == words;
     return evidence;
 }
 
 bool Evidence::provesWakePhrase() const {
-    return ofWakePhrase >= leastOfWakePhrase;
+    return ofWakePhrase >= demandsOn(*this).wakePhrase;
 }
 
-bool Evidence::provesCommand() const {
-    return ofAll >= (commandAlone ? leastOfAllAlone : leastOfAll) &&
-           ofCommand >= (commandAlone ? leastOfCommandAlone : leastOfCommand) &&
-           ofWorstCommandWord >= leastOfCommandWord && coverage >= leastCoverage &&
-           surplusWords <= mostSurplusWords;
+Evidence::Weakest Evidence::weakest() const {
+    const Demands& least = demandsOn(*this);
+    const std::array<Weakest, 6> margins = {{
+        {ofWakePhrase - least.wakePhrase, QStringLiteral("the wake phrase fits badly")},
+        {ofAll - least.all, QStringLiteral("the whole fits badly")},
+        {ofCommand - least.command, QStringLiteral("the command fits badly")},
+        {ofWorstCommandWord - least.commandWord, QStringLiteral("a word fits badly")},
+        {100 * (coverage - least.coverage), QStringLiteral("something else was said beside it")},
+        {10 * static_cast<double>(least.surplusWords - surplusWords), QStringLiteral("more words were said")},
+    }};
+    return *std::ranges::min_element(margins, {}, &Weakest::margin);
 }
 
 bool isOutOfQuestion(std::span<const HeardSegment> phrase) {

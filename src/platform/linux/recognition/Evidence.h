@@ -2,6 +2,8 @@
 
 #include "platform/linux/recognition/Decoder.h"
 
+#include <QString>
+
 #include <span>
 
 namespace brivandel {
@@ -20,6 +22,8 @@ struct Evidence {
     double coverage = 1;
     /// How many more words the reference has.
     qsizetype surplusWords = 0;
+    /// The reference ends with the words of the phrase.
+    bool isAgreed = false;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
@@ -29,7 +33,15 @@ struct Evidence {
                                         std::span<const HeardSegment> reference, qsizetype wakeWordCount);
 
     [[nodiscard]] bool provesWakePhrase() const;
-    [[nodiscard]] bool provesCommand() const;
+    [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
+
+    /// What speaks most against the phrase, and by how much more than is asked it is there: below 0 not
+    /// enough.
+    struct Weakest {
+        double margin = 0;
+        QString what;
+    };
+    [[nodiscard]] Weakest weakest() const;
 };
 
 /// Whether the phrase fits so badly that no reference is needed to see that it was not said.

@@ -37,13 +37,20 @@ public:
         finishIfOver();
     }
 
-    void start(const RecognitionSession::LeaseDecoder& lease, SpeechRecognizer::ResultHandler handler) {
-        auto deliver = [this, handler = std::move(handler)](const auto& result, const auto& error) {
+    void start(const RecognitionSession::LeaseDecoder& lease, SpeechRecognizer::ResultHandler deliver,
+               SpeechRecognizer::VerdictHandler judge) {
+        RecognitionSession::Handlers handlers;
+        handlers.deliver = [this, deliver = std::move(deliver)](const auto& result, const auto& error) {
             if (!cancelled_) {
-                handler(result, error);
+                deliver(result, error);
             }
         };
-        input_ = std::make_unique<SoundInput>(RecognitionSession(reporting_, lease, std::move(deliver)));
+        handlers.judge = [this, judge = std::move(judge)](const UtteranceVerdict& verdict) {
+            if (!cancelled_ && judge) {
+                judge(verdict);
+            }
+        };
+        input_ = std::make_unique<SoundInput>(RecognitionSession(reporting_, lease, std::move(handlers)));
         processWaiting();
         finishIfOver();
     }
@@ -101,6 +108,7 @@ public:
         , vocabulary_(std::make_shared<RecognitionVocabulary>()) {}
 
     void setVocabulary(const RecognitionVocabulary& vocabulary) override { *vocabulary_ = vocabulary; }
+    void setVerdictHandler(VerdictHandler handler) override { judge_ = std::move(handler); }
 
     std::unique_ptr<SpeechRecognitionTask> startTask(std::shared_ptr<SpeechRecognitionRequest> request,
                                                      ResultHandler handler) override {
@@ -113,13 +121,14 @@ public:
             return RecognitionSession::Lease{pool->lend(*vocabulary), vocabulary->wakePhraseRequired};
         };
         auto task = std::make_unique<InlineTask>(ours);
-        ours->start(lease, std::move(handler));
+        ours->start(lease, std::move(handler), judge_);
         return task;
     }
 
 private:
     std::shared_ptr<DecoderPool> pool_;
     std::shared_ptr<RecognitionVocabulary> vocabulary_;
+    VerdictHandler judge_;
 };
 
 } // namespace

@@ -18,7 +18,8 @@ LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Del
     , delivery_(std::move(delivery))
     , input_(RecognitionSession(
           reporting, std::move(leaseDecoder),
-          [to = delivery_](const auto& result, const auto& error) { to->deliver(result, error); }))
+          {.deliver = [to = delivery_](const auto& result, const auto& error) { to->deliver(result, error); },
+           .judge = [to = delivery_](const UtteranceVerdict& verdict) { to->judge(verdict); }}))
     , lastSound_(now) {
     samples_.reserve(samplesPerRead);
 }

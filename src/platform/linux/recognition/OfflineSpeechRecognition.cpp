@@ -58,13 +58,15 @@ public:
         thread_.prepare(vocabulary);
     }
 
+    void setVerdictHandler(VerdictHandler handler) override { judge_ = std::move(handler); }
+
     std::unique_ptr<SpeechRecognitionTask> startTask(std::shared_ptr<SpeechRecognitionRequest> request,
                                                      ResultHandler handler) override {
         const auto ours = std::dynamic_pointer_cast<OfflineRequest>(std::move(request));
         if (!ours) {
             return nullptr;
         }
-        auto delivery = std::make_shared<Delivery>(std::move(handler));
+        auto delivery = std::make_shared<Delivery>(std::move(handler), judge_);
         thread_.start({ours->sound(), delivery, ours->reporting(), vocabulary_});
         return std::make_unique<OfflineTask>(ours->sound(), std::move(delivery));
     }
@@ -72,6 +74,7 @@ public:
 private:
     RecognizerThread& thread_;
     std::shared_ptr<VocabularyInForce> vocabulary_;
+    VerdictHandler judge_;
 };
 
 } // namespace

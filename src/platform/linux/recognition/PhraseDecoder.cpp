@@ -13,6 +13,9 @@ namespace {
 // Words begin a little before the gate is sure of them.
 constexpr AudioTime lead = std::chrono::milliseconds(150);
 
+// Below this nobody meant a phrase: music would fill the log.
+constexpr double farthestMiss = -40;
+
 const QString& searchFor(Expecting expecting) {
     static const QString wakePhrase = QStringLiteral("wake phrase");
     static const QString command = QStringLiteral("command");
@@ -107,30 +110,61 @@ std::optional<Reading> PhraseDecoder::interim() {
     return answer_;
 }
 
-std::optional<Reading> PhraseDecoder::end() {
-    gate_->end();
+bool PhraseDecoder::isPromising() const {
+    return !addressed(gate_->heard()).words.isEmpty();
+}
+
+Conclusion PhraseDecoder::conclude() {
     const Addressed said = addressed(gate_->heard());
     if (answer_ && said.words == askedFor_) {
-        // Both decoders were of one mind already.
-        return answer_;
+        return {.reading = answer_,
+                .verdict = UtteranceVerdict{.text = answer_->text,
+                                            .isAccepted = true,
+                                            .reason = QStringLiteral("both decoders heard it")}};
     }
-    const PhraseGraph& graph = vocabulary_->graph;
+    if (isBrokenOff(said)) {
+        return {.reading = wakePhraseOf(said.words),
+                .isUnfinished = true,
+                .verdict = UtteranceVerdict{.text = said.words.join(u' '),
+                                            .reason = QStringLiteral("more words are needed")}};
+    }
     const auto phrase = decodeByGrammar(said);
     const QStringList words = wordsOf(phrase);
-    std::optional<Reading> reading = graph.read(words);
+    const std::optional<Reading> reading = vocabulary_->graph.read(words);
     if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
-        return std::nullopt;
+        return {};
     }
     reference_->decodeWhole(searchFor(expecting_), soundSince(said.begin));
-    const qsizetype wakeWordCount = graph.wakePhraseLength(words);
-    const Evidence evidence = Evidence::weigh(phrase, reference_->heard(), wakeWordCount);
-    if (!evidence.provesWakePhrase()) {
-        return std::nullopt;
+    const Evidence evidence =
+        Evidence::weigh(phrase, reference_->heard(), vocabulary_->graph.wakePhraseLength(words));
+    const Evidence::Weakest weakest = evidence.weakest();
+    Conclusion conclusion;
+    if (weakest.margin >= farthestMiss) {
+        conclusion.verdict = UtteranceVerdict{.text = reading->text,
+                                              .isAccepted = evidence.provesCommand(),
+                                              .score = weakest.margin,
+                                              .reason = weakest.what};
     }
     if (evidence.provesCommand()) {
-        return reading;
+        conclusion.reading = reading;
+    } else if (evidence.provesWakePhrase()) {
+        conclusion.reading = wakePhraseOf(words);
     }
-    return wakeWordCount > 0 ? graph.read(words.first(wakeWordCount)) : std::nullopt;
+    return conclusion;
+}
+
+bool PhraseDecoder::isBrokenOff(const Addressed& said) {
+    const auto begun = vocabulary_->graph.read(said.words);
+    if (!begun || !begun->hasCommand || begun->isWhole) {
+        return false;
+    }
+    reference_->decodeWhole(searchFor(expecting_), soundSince(said.begin));
+    return addressed(reference_->heard()).words == said.words;
+}
+
+std::optional<Reading> PhraseDecoder::wakePhraseOf(const QStringList& words) const {
+    const qsizetype wordCount = vocabulary_->graph.wakePhraseLength(words);
+    return wordCount > 0 ? vocabulary_->graph.read(words.first(wordCount)) : std::nullopt;
 }
 
 } // namespace brivandel

@@ -27,7 +27,8 @@ public:
     void begin(Expecting expecting) override;
     void process(std::span<const std::int16_t> samples) override;
     [[nodiscard]] std::optional<Reading> interim() override;
-    [[nodiscard]] std::optional<Reading> end() override;
+    [[nodiscard]] bool isPromising() const override;
+    [[nodiscard]] Conclusion conclude() override;
 
 private:
     PhraseDecoder() = default;
@@ -39,6 +40,8 @@ private:
     };
     [[nodiscard]] Addressed addressed(const std::vector<HeardSegment>& heard) const;
     [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] bool isBrokenOff(const Addressed& said);
+    [[nodiscard]] std::optional<Reading> wakePhraseOf(const QStringList& words) const;
     [[nodiscard]] std::span<const std::int16_t> soundSince(AudioTime begin) const;
 
     std::unique_ptr<Decoder> gate_;

@@ -5,11 +5,10 @@
 
 namespace brivandel {
 
-RecognitionSession::RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder,
-                                       SpeechRecognizer::ResultHandler deliver)
+RecognitionSession::RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder, Handlers handlers)
     : reporting_(reporting)
     , leaseDecoder_(std::move(leaseDecoder))
-    , deliver_(std::move(deliver)) {
+    , handlers_(std::move(handlers)) {
     frame_.reserve(samplesPerFrame);
 }
 
@@ -62,13 +61,19 @@ void RecognitionSession::beginUtterance() {
     }
     const bool mayBeCommand = awake_ || !lease.wakePhraseRequired;
     lease.decoder->begin(mayBeCommand ? Expecting::Command : Expecting::WakePhrase);
-    utterance_ = Utterance{.lease = std::move(lease)};
+    utterance_ = Utterance{.lease = std::move(lease), .before = transcript_};
+    if (const auto begun = std::exchange(unfinished_, std::nullopt);
+        begun && heard_ - begun->end <= longestThought) {
+        utterance_->before = begun->before;
+        feed(begun->sound);
+    }
     feed(std::vector<std::int16_t>(recent_.begin(), recent_.end()));
 }
 
 void RecognitionSession::feed(std::span<const std::int16_t> samples) {
     std::vector<std::int16_t>& unprocessed = utterance_->unprocessed;
     unprocessed.insert(unprocessed.end(), samples.begin(), samples.end());
+    utterance_->sound.insert(utterance_->sound.end(), samples.begin(), samples.end());
     utterance_->length += AudioTime(static_cast<std::int64_t>(samples.size()));
     if (unprocessed.size() >= sampleCount(step)) {
         utterance_->lease.decoder->process(unprocessed);
@@ -84,38 +89,58 @@ bool RecognitionSession::isSettled(const Reading& reading) const {
 void RecognitionSession::considerInterim() {
     if (reporting_ == Reporting::FinalResultOnly || endpointer_.silence() < step) {
         utterance_->candidate.reset();
+        utterance_->conclusion.reset();
         return;
     }
-    const auto reading = utterance_->lease.decoder->interim();
+    const auto reading = readingInSilence();
     const bool again = reading && reading == utterance_->candidate;
     utterance_->candidate = reading;
     if (again && reading != utterance_->delivered && isSettled(*reading)) {
         utterance_->delivered = reading;
-        deliverTranscript(transcriptWith(reading), false);
+        deliverTranscript(transcriptOf(*utterance_, *reading), false);
     }
+}
+
+std::optional<Reading> RecognitionSession::readingInSilence() {
+    auto reading = utterance_->lease.decoder->interim();
+    const bool isWorthwhile =
+        utterance_->length <= longestCommand || utterance_->lease.decoder->isPromising();
+    if (!reading && endpointer_.silence() >= scrutiny && isWorthwhile) {
+        if (!utterance_->conclusion) {
+            utterance_->conclusion = utterance_->lease.decoder->conclude();
+        }
+        reading = utterance_->conclusion->reading;
+    }
+    return reading;
 }
 
 void RecognitionSession::endUtterance(Ending ending) {
     Utterance utterance = *std::exchange(utterance_, std::nullopt);
     recent_.clear();
-    std::optional<Reading> reading;
-    if (ending == Ending::Complete || !utterance.delivered) {
+    Conclusion conclusion = utterance.conclusion.value_or(Conclusion());
+    if (!utterance.conclusion && (ending == Ending::Complete || !utterance.delivered)) {
         utterance.lease.decoder->process(utterance.unprocessed);
-        reading = utterance.lease.decoder->end();
+        conclusion = utterance.lease.decoder->conclude();
     }
+    std::optional<Reading>& reading = conclusion.reading;
     // Cut off, "stop" may have been the beginning of "stop recording".
     if (reading && ending == Ending::CutOff && !isSettled(*reading)) {
         reading.reset();
     }
     // What was delivered may have been acted upon: it is not taken back for nothing.
     reading = reading ? reading : utterance.delivered;
-    if (!reading) {
-        return;
+    if (reading) {
+        transcript_ = transcriptOf(utterance, *reading);
+        awake_ = awake_ || reading->hasWakePhrase;
+        if (reporting_ == Reporting::PartialResults && !ended_) {
+            deliverTranscript(transcript_, false);
+        }
     }
-    transcript_ = transcriptWith(reading);
-    awake_ = awake_ || reading->hasWakePhrase;
-    if (reporting_ == Reporting::PartialResults && !ended_) {
-        deliverTranscript(transcript_, false);
+    if (conclusion.isUnfinished && ending == Ending::Complete) {
+        unfinished_ = Unfinished{std::move(utterance.sound), utterance.before, heard_};
+    }
+    if (conclusion.verdict && handlers_.judge) {
+        handlers_.judge(*conclusion.verdict);
     }
 }
 
@@ -132,11 +157,8 @@ void RecognitionSession::cutUtterance() {
     }
 }
 
-QString RecognitionSession::transcriptWith(const std::optional<Reading>& reading) const {
-    if (!reading) {
-        return transcript_;
-    }
-    return transcript_.isEmpty() ? reading->text : transcript_ + u' ' + reading->text;
+QString RecognitionSession::transcriptOf(const Utterance& utterance, const Reading& reading) {
+    return utterance.before.isEmpty() ? reading.text : utterance.before + u' ' + reading.text;
 }
 
 void RecognitionSession::deliverTranscript(const QString& transcript, bool isFinal) {
@@ -144,11 +166,12 @@ void RecognitionSession::deliverTranscript(const QString& transcript, bool isFin
         return;
     }
     lastDelivered_ = transcript;
-    deliver_(RecognitionResult{.formattedString = transcript, .isFinal = isFinal}, std::nullopt);
+    handlers_.deliver(RecognitionResult{.formattedString = transcript, .isFinal = isFinal}, std::nullopt);
 }
 
 void RecognitionSession::skip() {
     utterance_.reset();
+    unfinished_.reset();
     recent_.clear();
     frame_.clear();
     endpointer_ = Endpointer();
@@ -169,7 +192,7 @@ void RecognitionSession::finish(Ending ending) {
 void RecognitionSession::fail(const QString& error) {
     if (!std::exchange(ended_, true)) {
         utterance_.reset();
-        deliver_(std::nullopt, error);
+        handlers_.deliver(std::nullopt, error);
     }
 }
 

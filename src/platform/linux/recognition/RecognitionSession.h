@@ -31,7 +31,15 @@ public:
     /// The first because a decoder jumps ahead to a forced completion, the second so that people may hesitate
     /// within a phrase.
     static constexpr std::chrono::milliseconds settling{60};
-    static constexpr std::chrono::milliseconds settlingIfItMayGoOn{300};
+    static constexpr std::chrono::milliseconds settlingIfItMayGoOn{360};
+    /// Silence in which the whole utterance is gone over once more, when its words are not clear yet: so long
+    /// that it is seldom in vain.
+    static constexpr std::chrono::milliseconds scrutiny{120};
+    /// Nobody takes longer for a command. Of what is longer only that is gone over in its pauses which seems
+    /// to be for us: music is long, and so is talk.
+    static constexpr std::chrono::milliseconds longestCommand{2800};
+    /// A phrase that was broken off is heard again with what follows within this time.
+    static constexpr std::chrono::seconds longestThought{3};
     /// The decoder is asked at this interval, and must give the same answer twice.
     static constexpr std::chrono::milliseconds step{30};
     /// An utterance that has not ended by itself is ended, and its last part heard again with what follows.
@@ -52,8 +60,13 @@ public:
     };
     using LeaseDecoder = std::function<Lease()>;
 
-    RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder,
-                       SpeechRecognizer::ResultHandler deliver);
+    /// Both handlers are called during the calls below; the second may be empty.
+    struct Handlers {
+        SpeechRecognizer::ResultHandler deliver;
+        SpeechRecognizer::VerdictHandler judge;
+    };
+
+    RecognitionSession(Reporting reporting, LeaseDecoder leaseDecoder, Handlers handlers);
 
     /// Samples at 16 kHz. After the end they are ignored.
     void process(std::span<const float> samples);
@@ -73,6 +86,17 @@ private:
         AudioTime length{0};
         std::optional<Reading> candidate = std::nullopt;
         std::optional<Reading> delivered = std::nullopt;
+        /// Of the silence that goes on.
+        std::optional<Conclusion> conclusion = std::nullopt;
+        /// The transcript of what was said before it.
+        QString before = {};
+        std::vector<std::int16_t> sound = {};
+    };
+    /// A phrase that was broken off.
+    struct Unfinished {
+        std::vector<std::int16_t> sound;
+        QString before;
+        AudioTime end;
     };
 
     void processFrame(std::span<const std::int16_t, samplesPerFrame> frame);
@@ -83,12 +107,13 @@ private:
     void endUtterance(Ending ending);
     void cutUtterance();
     [[nodiscard]] bool isSettled(const Reading& reading) const;
-    [[nodiscard]] QString transcriptWith(const std::optional<Reading>& reading) const;
+    [[nodiscard]] std::optional<Reading> readingInSilence();
+    [[nodiscard]] static QString transcriptOf(const Utterance& utterance, const Reading& reading);
     void deliverTranscript(const QString& transcript, bool isFinal);
 
     Reporting reporting_;
     LeaseDecoder leaseDecoder_;
-    SpeechRecognizer::ResultHandler deliver_;
+    Handlers handlers_;
 
     Dither dither_;
     Endpointer endpointer_;
@@ -96,6 +121,7 @@ private:
     std::deque<std::int16_t> recent_;
     AudioTime heard_{0};
     std::optional<Utterance> utterance_;
+    std::optional<Unfinished> unfinished_;
 
     QString transcript_;
     QString lastDelivered_;

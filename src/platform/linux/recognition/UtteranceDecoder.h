@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/SpeechRecognition.h"
 #include "platform/linux/recognition/PhraseGraph.h"
 
 #include <cstdint>
@@ -7,6 +8,15 @@
 #include <span>
 
 namespace brivandel {
+
+/// What an utterance comes to when the whole of it is gone over once more.
+struct Conclusion {
+    std::optional<Reading> reading;
+    /// It breaks off within a phrase, as people do who think of the number after "go to bar".
+    bool isUnfinished = false;
+    /// None when nothing that was said came near a phrase.
+    std::optional<UtteranceVerdict> verdict;
+};
 
 /// Understands one utterance after the other: samples at 16 kHz in, phrases out. Any one thread at a time.
 class UtteranceDecoder {
@@ -20,8 +30,10 @@ public:
     /// only in silence: in the middle of a word there is no telling. Costs some milliseconds for each new
     /// answer.
     [[nodiscard]] virtual std::optional<Reading> interim() = 0;
-    /// Ends the utterance and goes over the whole of it once more.
-    [[nodiscard]] virtual std::optional<Reading> end() = 0;
+    /// Whether anything in it seems to be for us. Costs nothing.
+    [[nodiscard]] virtual bool isPromising() const = 0;
+    /// What has been said so far, if nothing more is said: dearer than interim(), and surer.
+    [[nodiscard]] virtual Conclusion conclude() = 0;
 };
 
 } // namespace brivandel

@@ -50,7 +50,7 @@ TEST_F(DecoderPoolTest, DecoderThatOutlivesThePool_IsStillWhole) {
     pool_.reset();
     decoder->begin(Expecting::WakePhrase);
     decoder->process(noise());
-    EXPECT_FALSE(decoder->end());
+    EXPECT_FALSE(decoder->conclude().reading);
 }
 
 TEST_F(DecoderPoolTest, NoiseAndNothing_AreNotUnderstood) {
@@ -58,13 +58,13 @@ TEST_F(DecoderPoolTest, NoiseAndNothing_AreNotUnderstood) {
     for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
         decoder->begin(expecting);
         EXPECT_FALSE(decoder->interim());
-        EXPECT_FALSE(decoder->end()) << "an utterance without a sample";
+        EXPECT_FALSE(decoder->conclude().reading) << "an utterance without a sample";
         decoder->begin(expecting);
         decoder->process(noise());
         decoder->begin(expecting);
         decoder->process(noise());
         EXPECT_FALSE(decoder->interim());
-        EXPECT_FALSE(decoder->end());
+        EXPECT_FALSE(decoder->conclude().reading);
     }
 }
 
@@ -79,7 +79,7 @@ TEST_F(DecoderPoolTest, ThousandPhrases_AreTakenAndChanged) {
         ASSERT_TRUE(decoder);
         decoder->begin(Expecting::Command);
         decoder->process(noise());
-        EXPECT_FALSE(decoder->end());
+        EXPECT_FALSE(decoder->conclude().reading);
     }
 }
 

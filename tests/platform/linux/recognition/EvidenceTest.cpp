@@ -67,6 +67,27 @@ TEST(Evidence, FewLongWordsForManyShortOnes_DisproveTheCommand) {
     EXPECT_FALSE(Evidence::weigh(phrase, reference, 0).provesCommand());
 }
 
+TEST(Evidence, WordsThatTheReferenceHearsToo_AreProvedByLess) {
+    const std::vector phrase = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
+                                segment(u"play", 60, 40, -60)};
+    std::vector reference = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
+                             segment(u"play", 60, 40, -43)};
+    EXPECT_TRUE(Evidence::weigh(phrase, reference, 2).provesCommand());
+    reference.back().word = QStringLiteral("clay");
+    const Evidence disputed = Evidence::weigh(phrase, reference, 2);
+    EXPECT_TRUE(disputed.provesWakePhrase());
+    EXPECT_FALSE(disputed.provesCommand());
+    EXPECT_EQ(disputed.weakest().what, QStringLiteral("the command fits badly"));
+    EXPECT_DOUBLE_EQ(disputed.weakest().margin, -4);
+}
+
+TEST(Evidence, WordsBeforeTheWakePhrase_AreNoDispute) {
+    const std::vector phrase = {segment(u"hey", 20, 20, -40), segment(u"logic", 40, 40, -40)};
+    const std::vector reference = {segment(u"so", 0, 20, -40), segment(u"hey", 20, 20, -40),
+                                   segment(u"logic", 40, 40, -40)};
+    EXPECT_TRUE(Evidence::weigh(phrase, reference, 2).isAgreed);
+}
+
 TEST(Evidence, NothingHeard_IsNeutral) {
     const Evidence evidence = Evidence::weigh({}, {}, 0);
     EXPECT_EQ(evidence.ofAll, 0);

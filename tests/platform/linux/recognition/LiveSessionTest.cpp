@@ -145,7 +145,7 @@ TEST_F(LiveSessionTest, RateThatCannotBeRecognised_IsOneError) {
 }
 
 TEST_F(LiveSessionTest, MoreSoundThanThereIsRoomFor_ForgetsTheUtterance) {
-    decoder_->endAnswer = Reading{.text = QStringLiteral("undo"), .isWhole = true};
+    decoder_->conclusion.reading = Reading{.text = QStringLiteral("undo"), .isWhole = true};
     append(Noise::speech, 1300ms, 192000);
     append(Noise::speech, 200ms, 192000);
     EXPECT_TRUE(stepAfter(10ms));

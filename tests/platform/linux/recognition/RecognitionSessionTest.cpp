@@ -32,13 +32,13 @@ protected:
             [this, wakePhraseRequired] {
                 return RecognitionSession::Lease{decoder_, wakePhraseRequired};
             },
-            deliveries_.handler());
+            RecognitionSession::Handlers{deliveries_.handler(), deliveries_.judge()});
     }
     void speak(std::chrono::milliseconds time) { session_->process(noise_(Noise::speech, time)); }
     void keepSilent(std::chrono::milliseconds time) { session_->process(noise_(Noise::silence, time)); }
     void understand(const std::optional<Reading>& reading) {
         decoder_->interimAnswer = reading;
-        decoder_->endAnswer = reading;
+        decoder_->conclusion.reading = reading;
     }
 
     std::shared_ptr<ScriptedDecoder> decoder_ = std::make_shared<ScriptedDecoder>();
@@ -63,7 +63,7 @@ TEST_F(RecognitionSessionTest, PhraseThatMayGoOn_WaitsForALongerSilence) {
     start();
     understand(extendable(command));
     speak(900ms);
-    keepSilent(280ms);
+    keepSilent(340ms);
     EXPECT_THAT(deliveries_.lines, IsEmpty());
     keepSilent(60ms);
     EXPECT_THAT(deliveries_.lines, ElementsAre(command));
@@ -83,26 +83,87 @@ TEST_F(RecognitionSessionTest, PauseWithinAPhrase_DeliversTheWholePhraseOnly) {
     start();
     understand(extendable(QStringLiteral("hey logic save")));
     speak(900ms);
-    keepSilent(250ms);
+    keepSilent(300ms);
     understand(whole(QStringLiteral("hey logic save as")));
     speak(300ms);
     keepSilent(1s);
     EXPECT_THAT(deliveries_.lines, ElementsAre(QStringLiteral("hey logic save as")));
 }
 
-TEST_F(RecognitionSessionTest, UtteranceThatOnlyTheSecondLookUnderstands_IsDeliveredAtItsEnd) {
+TEST_F(RecognitionSessionTest, UtteranceThatOnlyTheSecondLookUnderstands_IsDeliveredSoonToo) {
     start();
-    decoder_->endAnswer = whole(command);
+    decoder_->conclusion.reading = whole(command);
     speak(900ms);
-    keepSilent(500ms);
+    keepSilent(110ms);
+    EXPECT_THAT(deliveries_.lines, IsEmpty());
+    keepSilent(90ms);
     EXPECT_THAT(deliveries_.lines, ElementsAre(command));
+}
+
+TEST_F(RecognitionSessionTest, LongUtteranceWithoutPromise_IsLookedAtOnceMoreAtItsEndOnly) {
+    start();
+    decoder_->promising = false;
+    decoder_->conclusion.reading = whole(command);
+    speak(900ms);
+    keepSilent(50ms);
+    speak(900ms);
+    keepSilent(50ms);
+    speak(900ms);
+    keepSilent(Endpointer::hangover - 20ms);
+    EXPECT_EQ(decoder_->conclusions, 0);
+    keepSilent(100ms);
+    EXPECT_THAT(deliveries_.lines, ElementsAre(command));
+}
+
+TEST_F(RecognitionSessionTest, SecondLook_IsTakenOnceInASilence) {
+    start();
+    speak(400ms);
+    keepSilent(300ms);
+    EXPECT_EQ(decoder_->conclusions, 1);
+    speak(400ms);
+    keepSilent(1s);
+    EXPECT_EQ(decoder_->conclusions, 2);
+}
+
+TEST_F(RecognitionSessionTest, PhraseBrokenOff_IsHeardAgainWithWhatFollows) {
+    start();
+    decoder_->conclusion.reading = extendable(wakePhrase);
+    decoder_->conclusion.isUnfinished = true;
+    speak(900ms);
+    keepSilent(1s);
+    EXPECT_THAT(deliveries_.lines, ElementsAre(wakePhrase));
+    decoder_->conclusion = Conclusion();
+    decoder_->conclusion.reading = whole(command);
+    speak(300ms);
+    EXPECT_GE(decoder_->heard, AudioTime(1200ms)) << "both parts";
+    keepSilent(1s);
+    EXPECT_THAT(deliveries_.lines, ElementsAre(wakePhrase, command)) << "the wake phrase counts once";
+}
+
+TEST_F(RecognitionSessionTest, PhraseBrokenOffLongAgo_IsForgotten) {
+    start();
+    decoder_->conclusion.isUnfinished = true;
+    speak(900ms);
+    keepSilent(RecognitionSession::longestThought + 1s);
+    speak(300ms);
+    EXPECT_LT(decoder_->heard, AudioTime(900ms));
+}
+
+TEST_F(RecognitionSessionTest, VerdictOnAnUtterance_IsGivenOnceAtItsEnd) {
+    start();
+    decoder_->conclusion.verdict = UtteranceVerdict{.text = command, .reason = QStringLiteral("for a test")};
+    speak(900ms);
+    keepSilent(300ms);
+    EXPECT_THAT(deliveries_.verdicts, IsEmpty());
+    keepSilent(1s);
+    EXPECT_THAT(deliveries_.verdicts, ElementsAre(command));
 }
 
 TEST_F(RecognitionSessionTest, UtteranceThatNobodyUnderstands_DeliversNothing) {
     start();
     speak(900ms);
     keepSilent(1s);
-    EXPECT_EQ(decoder_->ends, 1);
+    EXPECT_EQ(decoder_->conclusions, 1);
     session_->finish(Ending::Complete);
     EXPECT_THAT(deliveries_.lines, IsEmpty());
 }
@@ -212,7 +273,7 @@ TEST_F(RecognitionSessionTest, SoundWithoutAPause_EndsTheSessionSoonAfterSixtySe
         session_->process(noise_(Noise::silence, 100ms));
     }
     EXPECT_TRUE(session_->hasEnded());
-    EXPECT_GT(decoder_->ends, 9);
+    EXPECT_GT(decoder_->conclusions, 9);
 }
 
 TEST_F(RecognitionSessionTest, UtteranceThatDoesNotEnd_IsCutAndItsLastPartHeardAgain) {

@@ -16,10 +16,11 @@ namespace brivandel {
 class ScriptedDecoder final : public UtteranceDecoder {
 public:
     std::optional<Reading> interimAnswer;
-    std::optional<Reading> endAnswer;
+    Conclusion conclusion;
     std::vector<Expecting> begun;
     AudioTime heard{0};
-    int ends = 0;
+    bool promising = true;
+    int conclusions = 0;
 
     void begin(Expecting expecting) override {
         begun.push_back(expecting);
@@ -29,9 +30,10 @@ public:
         heard += AudioTime(static_cast<std::int64_t>(samples.size()));
     }
     std::optional<Reading> interim() override { return interimAnswer; }
-    std::optional<Reading> end() override {
-        ++ends;
-        return endAnswer;
+    bool isPromising() const override { return promising; }
+    Conclusion conclude() override {
+        ++conclusions;
+        return conclusion;
     }
 };
 
@@ -50,7 +52,12 @@ public:
         };
     }
 
+    [[nodiscard]] SpeechRecognizer::VerdictHandler judge() {
+        return [this](const UtteranceVerdict& verdict) { verdicts << verdict.text; };
+    }
+
     QStringList lines;
+    QStringList verdicts;
 };
 
 /// White noise of that loudness, in decibels below full scale.

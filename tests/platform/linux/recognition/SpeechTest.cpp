@@ -155,6 +155,30 @@ TEST_F(SpeechTest, BarNumbers_AreWrittenInDigits) {
     }
 }
 
+TEST_F(SpeechTest, ThoughtBeforeTheBarNumber_IsWaitedFor) {
+    for (const QString& voice : {QStringLiteral("slt"), QStringLiteral("rms")}) {
+        EXPECT_EQ(listenTo(voice, {QStringLiteral("hey logic, go to bar"), QStringLiteral("twelve")}).final,
+                  QStringLiteral("hey logic go to bar 12"))
+            << qPrintable(voice);
+    }
+}
+
+TEST_F(SpeechTest, OtherCommandAfterTheWakePhrase_IsPassedOverWithAReason) {
+    QStringList reasons;
+    const auto recognizer = recognition_->makeRecognizer(QStringLiteral("en-US"));
+    recognizer->setVocabulary(vocabulary());
+    recognizer->setVerdictHandler([&reasons](const UtteranceVerdict& verdict) {
+        EXPECT_FALSE(verdict.isAccepted && verdict.text != wakePhrase) << qPrintable(verdict.text);
+        reasons << verdict.reason;
+    });
+    const auto request = recognition_->makeRequest();
+    const auto task = recognizer->startTask(request, [](const auto&, const auto&) {});
+    append(*request,
+           speech_->speak(QStringLiteral("slt"), {QStringLiteral("hey logic, start the car")}, 0s, 16000, 1));
+    request->endAudio();
+    EXPECT_THAT(reasons, testing::Contains(testing::Ne(QString())));
+}
+
 TEST_F(SpeechTest, OrdinarySentences_ActivateNothing) {
     const QStringList sentences =
         lines(u"I think we should try the chorus again|that was a good take but the bridge was a little slow|"
