@@ -24,10 +24,12 @@ constexpr Demands ifAgreed = {-15, -20, -25, -60, 0, 100};
 // Where it hears others, sentences that are nearly a phrase come as near as -13 for a wrong word of the wake
 // phrase and -15 for a wrong command; such as were said and are given up by this are 1 in 50.
 constexpr Demands ifDisputed = {-10, -12, -13, -35, 0.7, 2};
-// A command by itself has no wake phrase to vouch for it. Beats of a drum have been taken for "save" at -8
-// and -16.
-constexpr Demands ifAgreedAlone = {-12, -20, -15, -60, 0, 100};
-constexpr Demands ifDisputedAlone = {-8, -12, -10, -35, 0.7, 2};
+// A command by itself is short, so that its vague edges weigh more: "undo" has been seen at -17 for the whole
+// and -20 for the command. Beats of a drum have been taken for "save" at -8 and -16: both cannot be had, and
+// a command after a pause counts for more. Ordinary sentences forced into a command: -27 and below for the
+// whole, -43 and below for the command.
+constexpr Demands ifAgreedAlone = {-20, -20, -30, -60, 0, 100};
+constexpr Demands ifDisputedAlone = {-20, -12, -30, -60, 0.7, 2};
 
 const Demands& demandsOn(const Evidence& evidence) {
     if (evidence.commandAlone) {
