@@ -23,7 +23,7 @@ public:
     }
     void operator()(const KeyCode& keyCode) const {
         require(keyCode.virtualKeyCode <= limits::virtualKeyCode, "a key code has seven bits");
-        require(source_.contains(u"key code"), "a pressed key stands in the source");
+        require(says(u"key") && says(u"code"), "a pressed key stands in the source");
     }
     void operator()(const Delay& delay) {
         require(delay.duration >= std::chrono::milliseconds::zero() && delay.duration <= limits::delay,
@@ -31,11 +31,9 @@ public:
         total_ += delay.duration;
         require(total_ <= limits::totalDelay, "all delays together are bounded");
     }
-    void operator()(const Activate&) const {
-        require(source_.contains(u"activate"), "activate is asked for");
-    }
+    void operator()(const Activate&) const { require(says(u"activate"), "activate is asked for"); }
     void operator()(const SetFrontmost&) const {
-        require(source_.contains(u"frontmost"), "coming to the front is asked for");
+        require(says(u"frontmost"), "coming to the front is asked for");
     }
     void operator()(const TellProcess& tell) {
         require(!tell.process.isEmpty(), "a process has a name");
@@ -55,6 +53,9 @@ public:
     }
 
 private:
+    // The language minds neither case nor how much space there is between words.
+    [[nodiscard]] bool says(QStringView word) const { return source_.contains(word, Qt::CaseInsensitive); }
+
     QStringView source_;
     std::chrono::milliseconds total_{0};
 };

@@ -64,6 +64,19 @@ plist_t toNode(const QVariant& value) {
     }
 }
 
+// Text that is no Unicode is read by the library, and written by it so that nothing is read any more.
+bool canBeReadOnceWritten(plist_t root) {
+    char* allocated = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(root, &allocated, &length);
+    const Allocated<char> bytes(allocated, &std::free);
+    plist_t parsed = nullptr;
+    plist_from_memory(bytes.get(), length, &parsed);
+    const std::unique_ptr<void, decltype(&plist_free)> again(parsed, &plist_free);
+    return again != nullptr && plist_get_node_type(again.get()) == PLIST_DICT &&
+           plist_dict_get_size(again.get()) == plist_dict_get_size(root);
+}
+
 } // namespace
 
 void PropertyList::Deleter::operator()(void* node) const {
@@ -89,6 +102,9 @@ std::variant<PropertyList, PropertyListError> PropertyList::parse(const QByteArr
     }
     if (plist_get_node_type(root.get()) != PLIST_DICT) {
         return PropertyListError{QStringLiteral("it holds no dictionary")};
+    }
+    if (!canBeReadOnceWritten(root.get())) {
+        return PropertyListError{QStringLiteral("it holds text that is none")};
     }
     return PropertyList(std::move(root));
 }

@@ -85,6 +85,19 @@ TEST(PropertyList, ObjectsOfOtherTypes_AreThereAsForeignAndNotLost) {
     EXPECT_TRUE(list.toBinary().contains("inside"));
 }
 
+// Such a file can be read once and then, written again, never more.
+TEST(PropertyList, KeysThatAreNoText_AreDamage) {
+    PropertyList list;
+    list.set(QStringLiteral("useWakeWord"), true);
+    list.set(QStringLiteral("wakeWord"), QStringLiteral("hey logic"));
+    const QByteArray whole = list.toBinary();
+    QByteArray damaged = whole;
+    damaged.replace("useWakeWord", "\xF5seWakeWord");
+    ASSERT_NE(damaged, whole);
+    EXPECT_EQ(reasonOf(whole), QString());
+    EXPECT_EQ(reasonOf(damaged), QStringLiteral("it holds text that is none"));
+}
+
 TEST(PropertyList, WhatCannotBeRead_SaysWhy) {
     EXPECT_EQ(reasonOf(""), QStringLiteral("the file is empty"));
     EXPECT_EQ(reasonOf("hello"), QStringLiteral("it is no property list, or a damaged one"));
