@@ -1,6 +1,7 @@
 #include "platform/linux/defaults/PropertyList.h"
 
 #include "platform/DefaultsStore.h"
+#include "platform/linux/defaults/BinaryTexts.h"
 
 #include <plist/plist.h>
 
@@ -64,17 +65,24 @@ plist_t toNode(const QVariant& value) {
     }
 }
 
-// Text that is no Unicode is read by the library, and written by it so that nothing is read any more.
-bool canBeReadOnceWritten(plist_t root) {
+using Root = std::unique_ptr<void, decltype(&plist_free)>;
+
+Root read(const char* bytes, std::uint32_t length) {
+    plist_t parsed = nullptr;
+    plist_from_memory(bytes, length, &parsed);
+    return {parsed, &plist_free};
+}
+
+// Text that is no Unicode is read by the library, but what it then writes is read by nobody.
+bool canBeWritten(plist_t root) {
     char* allocated = nullptr;
     std::uint32_t length = 0;
     plist_to_bin(root, &allocated, &length);
     const Allocated<char> bytes(allocated, &std::free);
-    plist_t parsed = nullptr;
-    plist_from_memory(bytes.get(), length, &parsed);
-    const std::unique_ptr<void, decltype(&plist_free)> again(parsed, &plist_free);
+    const Root again = read(bytes.get(), length);
     return again != nullptr && plist_get_node_type(again.get()) == PLIST_DICT &&
-           plist_dict_get_size(again.get()) == plist_dict_get_size(root);
+           plist_dict_get_size(again.get()) == plist_dict_get_size(root) &&
+           !hasBrokenText({bytes.get(), static_cast<qsizetype>(length)});
 }
 
 } // namespace
@@ -94,19 +102,17 @@ std::variant<PropertyList, PropertyListError> PropertyList::parse(const QByteArr
     if (bytes.size() > std::numeric_limits<std::int32_t>::max()) {
         return PropertyListError{QStringLiteral("the file is too large")};
     }
-    plist_t parsed = nullptr;
-    plist_from_memory(bytes.constData(), static_cast<std::uint32_t>(bytes.size()), &parsed);
-    Handle root(parsed);
+    Root root = read(bytes.constData(), static_cast<std::uint32_t>(bytes.size()));
     if (!root) {
         return PropertyListError{QStringLiteral("it is no property list, or a damaged one")};
     }
     if (plist_get_node_type(root.get()) != PLIST_DICT) {
         return PropertyListError{QStringLiteral("it holds no dictionary")};
     }
-    if (!canBeReadOnceWritten(root.get())) {
+    if (!canBeWritten(root.get())) {
         return PropertyListError{QStringLiteral("it holds text that is none")};
     }
-    return PropertyList(std::move(root));
+    return PropertyList(Handle(root.release()));
 }
 
 QByteArray PropertyList::toBinary() const {
@@ -128,7 +134,7 @@ void PropertyList::set(const QString& key, const QVariant& value) {
 
 void PropertyList::remove(const QString& key) {
     const QByteArray name = key.toUtf8();
-    if (plist_dict_get_item(root_.get(), name.constData()) != nullptr) {
+    while (plist_dict_get_item(root_.get(), name.constData()) != nullptr) { // a file may hold a key twice
         plist_dict_remove_item(root_.get(), name.constData());
     }
 }

@@ -98,6 +98,16 @@ TEST(PropertyList, KeysThatAreNoText_AreDamage) {
     EXPECT_EQ(reasonOf(damaged), QStringLiteral("it holds text that is none"));
 }
 
+TEST(PropertyList, AKeyWithAZeroInIt_IsDamage) {
+    PropertyList list;
+    const QString key = QStringLiteral("schlüssel"); // in UTF-16, where each character has two bytes
+    list.set(key, true);
+    QByteArray damaged = list.toBinary();
+    damaged.replace(QByteArray("\0h\0l", 4), QByteArray("\0\0\0l", 4));
+    ASSERT_NE(damaged, list.toBinary());
+    EXPECT_EQ(reasonOf(damaged), QStringLiteral("it holds text that is none"));
+}
+
 TEST(PropertyList, WhatCannotBeRead_SaysWhy) {
     EXPECT_EQ(reasonOf(""), QStringLiteral("the file is empty"));
     EXPECT_EQ(reasonOf("hello"), QStringLiteral("it is no property list, or a damaged one"));
