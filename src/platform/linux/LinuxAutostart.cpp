@@ -6,7 +6,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-// An entry in the user's own autostart folder, as the Desktop Application Autostart Specification has it.
+// An entry in the user's own autostart folder, as the desktops of freedesktop.org read it.
 namespace brivandel {
 
 namespace {
