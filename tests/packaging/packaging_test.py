@@ -130,8 +130,8 @@ class Completion(unittest.TestCase):
         return output("zsh", "-f", "-c", script, "zsh", *words, env=self.environment).splitlines()
 
     def zsh_options(self, *words):
-        specifications = self.zsh('_arguments() { print -rl -- "$@" }', *words)
-        return {found[1] for line in specifications if (found := re.match(r"(?:\([^)]*\))?(--?[\w-]+)", line))}
+        accepted = self.zsh('_arguments() { print -rl -- "$@" }', *words)
+        return {found[1] for line in accepted if (found := re.match(r"(?:\([^)]*\))?(--?[\w-]+)", line))}
 
     def zsh_subcommands(self):
         described = self.zsh('_arguments() { _brivandel_subcommands }; _describe() { print -rl -- ${(P)2} }',
