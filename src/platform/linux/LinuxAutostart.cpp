@@ -1,9 +1,7 @@
 #include "platform/Autostart.h"
+#include "platform/qt/AutostartFile.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 // An entry in the user's own autostart folder, as the desktops of freedesktop.org read it.
@@ -68,23 +66,7 @@ Autostart autostart() {
 }
 
 std::optional<QString> setAutostart(bool on, const QString& program) {
-    const QString path = entryPath();
-    const auto failure = [&path](const QString& reason) {
-        return QStringLiteral("%1: %2").arg(path, reason);
-    };
-    if (!on) {
-        QFile file(path);
-        return !file.exists() || file.remove() ? std::nullopt : std::optional(failure(file.errorString()));
-    }
-    if (!program.startsWith(u'/')) {
-        return failure(QStringLiteral("the place of the program is not known"));
-    }
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(entryFor(program)) < 0 || !file.commit()) {
-        return failure(file.errorString());
-    }
-    return std::nullopt;
+    return switchAutostartFile(on, entryPath(), program, entryFor);
 }
 
 } // namespace brivandel

@@ -1,11 +1,8 @@
 #include "platform/Autostart.h"
-
 #include "platform/macos/MacBundle.h"
+#include "platform/qt/AutostartFile.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 
 // An agent of the user's own, which launchd starts at login (launchd.plist(5)).
 namespace brivandel {
@@ -43,23 +40,7 @@ Autostart autostart() {
 }
 
 std::optional<QString> setAutostart(bool on, const QString& program) {
-    const QString path = agentPath();
-    const auto failure = [&path](const QString& reason) {
-        return QStringLiteral("%1: %2").arg(path, reason);
-    };
-    if (!on) {
-        QFile file(path);
-        return !file.exists() || file.remove() ? std::nullopt : std::optional(failure(file.errorString()));
-    }
-    if (!program.startsWith(u'/')) {
-        return failure(QStringLiteral("the place of the program is not known"));
-    }
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(agentFor(program)) < 0 || !file.commit()) {
-        return failure(file.errorString());
-    }
-    return std::nullopt;
+    return switchAutostartFile(on, agentPath(), program, agentFor);
 }
 
 } // namespace brivandel
