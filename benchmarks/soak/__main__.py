@@ -143,8 +143,8 @@ class Soak:
             print(verdict.table(self._points))
             last = self._points[-1]
             keys = sum(len(command.keys) for command in self._log.commands)
-            print(f"\n{last.said} commands were said, {self._as_said} of them led to one command; {last.sent} commands "
-                  f"sent {keys} keys in all, {last.arrived} arrived.")
+            print(f"\n{self._said} commands were said, {self._as_said} of them led to one command; "
+                  f"{len(self._log.commands)} commands sent {keys} keys in all; {last.arrived} had arrived when last measured.")
         for problem in problems:
             print(f"script/soak: {problem}", file=sys.stderr)
         if problems:
