@@ -9,29 +9,9 @@ import sys
 import tempfile
 import time
 
+from process import Process
+
 MEASURED_SECONDS = 10
-TICKS = os.sysconf("SC_CLK_TCK")
-
-
-class Process:
-    def __init__(self, pid):
-        self.pid = pid
-
-    def cpu_seconds(self):
-        with open(f"/proc/{self.pid}/stat") as file:
-            fields = file.read().rsplit(") ", 1)[1].split()
-        return (int(fields[11]) + int(fields[12])) / TICKS
-
-    def wake_ups(self):
-        total = 0
-        for thread in os.listdir(f"/proc/{self.pid}/task"):
-            with open(f"/proc/{self.pid}/task/{thread}/status") as file:
-                total += next(int(line.split()[1]) for line in file if line.startswith("voluntary_ctxt_switches"))
-        return total
-
-    def memory_mib(self):
-        with open(f"/proc/{self.pid}/smaps_rollup") as file:
-            return next(int(line.split()[1]) for line in file if line.startswith("Pss:")) / 1024
 
 
 def measure(process, what):
@@ -39,7 +19,7 @@ def measure(process, what):
     time.sleep(MEASURED_SECONDS)
     seconds = time.monotonic() - begin
     print(f"{what:44} {100 * (process.cpu_seconds() - cpu) / seconds:6.1f} % of one core "
-          f"{(process.wake_ups() - wake_ups) / seconds:7.1f} wake-ups/s {process.memory_mib():7.1f} MiB", flush=True)
+          f"{(process.wake_ups() - wake_ups) / seconds:7.1f} wake-ups/s {process.proportional_mib():7.1f} MiB", flush=True)
 
 
 def main():
