@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/ModelFiles.h"
 
+#include "platform/linux/recognition/ModelIntegrity.h"
+
 #include <QFileInfo>
 #include <QStringList>
 
@@ -46,6 +48,11 @@ std::optional<QString> ModelFiles::problem() const {
                        "pocketsphinx-en-us, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
                 .arg(path);
         }
+    }
+    if (const auto damaged = damagedFileOf(acousticModel)) {
+        return QStringLiteral("The speech model is damaged: %1 is not whole. Install the package "
+                              "pocketsphinx-en-us anew, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
+            .arg(*damaged);
     }
     return std::nullopt;
 }

@@ -19,7 +19,7 @@ struct ModelFiles {
 
     /// Whether the model is for that language (BCP 47, as in "en-US").
     [[nodiscard]] static bool speaks(const QString& locale);
-    /// What is missing and where it was looked for, for people; none when everything is there.
+    /// What is missing or damaged and where it was looked for, for people; none when everything is there.
     [[nodiscard]] std::optional<QString> problem() const;
 };
 

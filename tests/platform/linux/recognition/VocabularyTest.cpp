@@ -147,25 +147,5 @@ TEST_F(VocabularyTest, LanguageModel_SumsToOneAfterEveryHistory) {
     }
 }
 
-TEST(ModelFiles, FolderWithoutAModel_SaysWhatIsMissing) {
-    const ModelFiles files{QStringLiteral("/nowhere/en-us"), QStringLiteral("/nowhere/words.dict")};
-    ASSERT_TRUE(files.problem());
-    EXPECT_TRUE(files.problem()->contains(QStringLiteral("/nowhere/words.dict")))
-        << qPrintable(*files.problem());
-}
-
-TEST(ModelFiles, EnvironmentNamesTheFolder) {
-    qputenv("BRIVANDEL_MODEL_DIR", "/chosen");
-    EXPECT_EQ(ModelFiles::locate().acousticModel, QStringLiteral("/chosen/en-us"));
-    EXPECT_EQ(ModelFiles::locate().dictionary, QStringLiteral("/chosen/cmudict-en-us.dict"));
-    qunsetenv("BRIVANDEL_MODEL_DIR");
-    EXPECT_FALSE(ModelFiles::locate().problem());
-}
-
-TEST(ModelFiles, AmericanEnglishOnly) {
-    EXPECT_TRUE(ModelFiles::speaks(QStringLiteral("en-US")));
-    EXPECT_FALSE(ModelFiles::speaks(QStringLiteral("de-DE")));
-}
-
 } // namespace
 } // namespace brivandel
