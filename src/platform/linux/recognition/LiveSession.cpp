@@ -24,7 +24,7 @@ LiveSession::LiveSession(std::shared_ptr<SoundStream> sound, std::shared_ptr<Del
     samples_.reserve(samplesPerRead);
 }
 
-bool LiveSession::step(TimePoint now) {
+bool LiveSession::step(const Clock& clock) {
     // Looked at before the sound is read: what was written before they were set is then there to be read.
     const bool soundHasEnded = sound_->hasEnded();
     if (soundHasEnded && sound_->isAbandoned()) {
@@ -36,8 +36,8 @@ bool LiveSession::step(TimePoint now) {
         if (samples_.empty()) {
             break;
         }
-        lastSound_ = now;
         input_.process(samples_, sound_->sampleRateHz());
+        lastSound_ = clock();
     }
     if (dropped) {
         // What there was no room for came after this.
@@ -52,7 +52,7 @@ bool LiveSession::step(TimePoint now) {
         input_.fail(QStringLiteral("The input changed from %1 to %2 samples a second.")
                         .arg(sound_->sampleRateHz())
                         .arg(sound_->otherSampleRateHz()));
-    } else if (now - lastSound_ >= starvation) {
+    } else if (clock() - lastSound_ >= starvation) {
         input_.fail(QStringLiteral("No sound arrives from the input."));
     }
     return !input_.hasEnded();

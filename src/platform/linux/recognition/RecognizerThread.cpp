@@ -65,10 +65,9 @@ void RecognizerThread::run(const ModelFiles& files) {
             pool->prepare(*orders.vocabulary);
         }
 
-        // Sound that is on its way while the models are loaded arrives in time: the clock is read after that.
-        const MainQueue::TimePoint now = clock_();
-        std::erase_if(sessions, [now](const auto& session) { return !session->step(now); });
+        std::erase_if(sessions, [this](const auto& session) { return !session->step(clock_); });
 
+        const MainQueue::TimePoint now = clock_();
         MainQueue::TimePoint deadline = now + LiveSession::starvation;
         for (const auto& session : sessions) {
             deadline = std::min(deadline, session->deadline());

@@ -17,7 +17,11 @@ protected:
     LiveSessionTest()
         : session_(
               sound_, delivery_, RecognitionSession::Reporting::PartialResults,
-              [this] { return RecognitionSession::Lease{decoder_}; }, now_) {}
+              [this] {
+                  now_ += decodingTakes_;
+                  return RecognitionSession::Lease{decoder_};
+              },
+              now_) {}
 
     void append(double decibels, std::chrono::milliseconds time, int rateHz = 16000) {
         const std::vector<float> samples = noise_(decibels, time, rateHz);
@@ -27,7 +31,7 @@ protected:
     }
     bool stepAfter(std::chrono::milliseconds time) {
         now_ += time;
-        return session_.step(now_);
+        return session_.step([this] { return now_; });
     }
 
     Noise noise_;
@@ -36,6 +40,8 @@ protected:
     std::shared_ptr<SoundStream> sound_ = std::make_shared<SoundStream>(std::make_shared<WakeUp>());
     std::shared_ptr<Delivery> delivery_ = std::make_shared<Delivery>(deliveries_.handler());
     LiveSession::TimePoint now_{100s};
+    /// Of the first frame of each utterance.
+    std::chrono::milliseconds decodingTakes_{0};
     LiveSession session_;
 };
 
@@ -62,6 +68,18 @@ TEST_F(LiveSessionTest, SoundThatKeepsComing_IsNoError) {
         ASSERT_TRUE(stepAfter(900ms));
     }
     EXPECT_THAT(deliveries_.lines, IsEmpty());
+}
+
+TEST_F(LiveSessionTest, DecodingThatTakesLong_IsNotTakenForMissingSound) {
+    decodingTakes_ = 1500ms;
+    append(Noise::speech, 700ms);
+    EXPECT_TRUE(stepAfter(700ms));
+    // All that came had been read a moment ago, and no more is there yet.
+    EXPECT_TRUE(stepAfter(1ms));
+    EXPECT_THAT(deliveries_.lines, IsEmpty());
+    EXPECT_EQ(session_.deadline(), now_ + 999ms);
+    EXPECT_FALSE(stepAfter(999ms));
+    EXPECT_THAT(deliveries_.lines, ElementsAre(starved));
 }
 
 TEST_F(LiveSessionTest, EndOfSound_DeliversWhatWasHeardAsFinal) {
@@ -124,7 +142,7 @@ TEST_F(LiveSessionTest, DeliveryClosedByItsHandler_DeliversNothingMore) {
     append(Noise::silence, 500ms);
     append(Noise::speech, 700ms);
     append(Noise::silence, 500ms);
-    EXPECT_FALSE(session.step(now_));
+    EXPECT_FALSE(session.step([this] { return now_; }));
     EXPECT_THAT(lines, ElementsAre(QStringLiteral("undo")));
 }
 
