@@ -43,7 +43,7 @@ std::unique_ptr<Timer> VirtualMainQueue::startTimer(std::chrono::milliseconds de
 }
 
 MainQueue::WallTime VirtualMainQueue::wallTime() const {
-    return WallTime{wallTimeAtStart} + elapsed_;
+    return WallTime{wallTimeAtStart} + wallClockDifference_ + elapsed_;
 }
 
 void VirtualMainQueue::advance(Duration duration) {

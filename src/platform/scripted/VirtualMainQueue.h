@@ -27,6 +27,8 @@ public:
     /// Lets time pass, running what falls due in order; of things due at one moment, the one that was asked
     /// for first.
     void advance(Duration duration);
+    /// As when somebody sets the clock of the machine forward, or back: wallTime() jumps, now() does not.
+    void setWallClockBy(std::chrono::seconds difference) { wallClockDifference_ += difference; }
     /// Forgets everything that waits.
     void clear() { waiting_.clear(); }
 
@@ -43,6 +45,7 @@ private:
 
     std::map<Key, Task> waiting_;
     Duration elapsed_{};
+    Duration wallClockDifference_{};
     Duration postingDelay_{};
     unsigned long sequence_ = 0;
 };

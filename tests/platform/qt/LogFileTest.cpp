@@ -1,5 +1,7 @@
 #include "platform/qt/LogFile.h"
 
+#include "support/StorageFaults.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -76,6 +78,28 @@ TEST_F(LogFileTest, FolderInPlaceOfTheFile_FailsSilentlyAndStays) {
     ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("Brivandel.log")));
     log_.write(QStringLiteral("lost"));
     EXPECT_TRUE(QFileInfo(path_).isDir());
+}
+
+TEST_F(LogFileTest, DiskFull_LosesOnlyWhatIsSaidMeanwhile) {
+    log_.write(QStringLiteral("before"));
+    {
+        const FullDisk disk(static_cast<rlim_t>(contents().size()));
+        log_.write(QStringLiteral("lost"));
+        log_.write(QStringLiteral("lost, too"));
+    }
+    log_.write(QStringLiteral("after"));
+    EXPECT_EQ(contents(), QByteArray("[2026-11-15T23:22:41Z] before\n[2026-11-15T23:22:41Z] after\n"));
+}
+
+TEST_F(LogFileTest, ReadOnlyFolder_LosesOnlyWhatIsSaidMeanwhile) {
+    {
+        const ReadOnlyFolder folder(folder_.path().toLocal8Bit(), path_.toLocal8Bit());
+        ASSERT_TRUE(folder.isReadOnly());
+        log_.write(QStringLiteral("lost"));
+        EXPECT_FALSE(QFile::exists(path_));
+    }
+    log_.write(QStringLiteral("after"));
+    EXPECT_EQ(contents(), QByteArray("[2026-11-15T23:22:41Z] after\n"));
 }
 
 TEST_F(LogFileTest, FileInPlaceOfTheFolder_FailsSilentlyAndStays) {

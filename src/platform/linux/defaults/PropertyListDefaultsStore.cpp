@@ -31,7 +31,9 @@ bool replaceFile(const QString& path, const QByteArray& bytes, QString& failure)
     if (!temporary.open(QIODevice::WriteOnly | QIODevice::Truncate) || !temporary.setPermissions(ownerOnly) ||
         temporary.write(bytes) != bytes.size() || !temporary.flush()) {
         failure = temporary.errorString();
-        temporary.remove();
+        temporary.close();
+        // By its name: the object would not remove a file that it could not write to the end.
+        QFile::remove(temporary.fileName());
         return false;
     }
     temporary.close();

@@ -4,15 +4,24 @@
 #include "platform/WorkQueue.h"
 #include "platform/linux/defaults/FileLock.h"
 #include "platform/linux/defaults/PropertyList.h"
+#include "support/StorageFaults.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
 
 namespace brivandel {
 namespace {
@@ -212,6 +221,48 @@ TEST_F(PropertyListDefaultsStoreTest, FailedWrite_IsLoggedAndMadeGoodByTheNext) 
     EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hey")}, {minutes, qlonglong{5}}}));
 }
 
+TEST_F(PropertyListDefaultsStoreTest, DiskFull_KeepsTheOldFileAndIsMadeGoodByTheNextChange) {
+    const auto store = open();
+    store->set(wakeWord, QStringLiteral("hey"));
+    {
+        const FullDisk disk(16);
+        store->set(minutes, qlonglong{5});
+        store->set(minutes, qlonglong{6});
+    }
+    const auto failed = QStringLiteral("Settings file %1 could not be written: ").arg(path_);
+    ASSERT_EQ(log_.lines.size(), 2);
+    EXPECT_TRUE(log_.lines[0].startsWith(failed)) << qPrintable(log_.lines[0]);
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hey")}}));
+    EXPECT_EQ(files(),
+              QStringList({QStringLiteral("defaults.plist"), QStringLiteral("defaults.plist.lock")}));
+
+    store->set(wakeWord, QStringLiteral("hi"));
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hi")}, {minutes, qlonglong{6}}}));
+    EXPECT_THAT(complaints_, IsEmpty());
+}
+
+TEST_F(PropertyListDefaultsStoreTest, ReadOnlyFolder_KeepsTheOldFileAndIsMadeGoodByTheNextChange) {
+    const auto store = open();
+    store->set(wakeWord, QStringLiteral("hey"));
+    QFile::remove(path_ + QStringLiteral(".lock"));
+    {
+        const ReadOnlyFolder folder(QFileInfo(path_).absolutePath().toLocal8Bit(), path_.toLocal8Bit());
+        ASSERT_TRUE(folder.isReadOnly());
+        store->set(minutes, qlonglong{5});
+        EXPECT_EQ(store->object(minutes), QVariant(qlonglong{5}));
+    }
+    EXPECT_EQ(
+        log_.lines,
+        QStringList(QStringLiteral("Settings file %1 could not be written: its folder cannot be written to "
+                                   "(Permission denied)")
+                        .arg(path_)));
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hey")}}));
+
+    store->set(wakeWord, QStringLiteral("hi"));
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hi")}, {minutes, qlonglong{5}}}));
+    EXPECT_THAT(complaints_, IsEmpty());
+}
+
 // Starts the writer and returns once it has written for the first time.
 std::unique_ptr<QProcess> startWriter(const QString& path, const QString& key, const QString& count) {
     auto writer = std::make_unique<QProcess>();
@@ -232,6 +283,54 @@ TEST_F(PropertyListDefaultsStoreTest, ProcessKilledWhileWriting_LeavesAWholeFile
         EXPECT_TRUE(stored().contains(minutes));
     }
     EXPECT_THAT(open()->objects(), testing::SizeIs(1));
+    EXPECT_THAT(complaints_, IsEmpty());
+}
+
+// The writer of the number 2 over the number 1, killed as it enters or leaves its nth call of the system.
+// Whether it came so far.
+bool killedAtStop(const QString& path, int stop) {
+    std::array<QByteArray, 5> texts = {DEFAULTS_WRITER, path.toLocal8Bit(), minutes.toLocal8Bit(), "2",
+                                       "--traced"};
+    std::array<char*, 6> arguments{};
+    std::ranges::transform(texts, arguments.begin(), [](QByteArray& text) { return text.data(); });
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t writer = 0;
+    const int failure = posix_spawn(&writer, arguments[0], &actions, nullptr, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (failure != 0) {
+        return false;
+    }
+    int status = 0;
+    waitpid(writer, &status, 0); // it stopped itself
+    bool isThere = WIFSTOPPED(status);
+    for (int passed = 0; passed < stop && isThere; ++passed) {
+        ptrace(PTRACE_SYSCALL, writer, nullptr, nullptr);
+        waitpid(writer, &status, 0);
+        isThere = WIFSTOPPED(status);
+    }
+    if (isThere) {
+        kill(writer, SIGKILL);
+        waitpid(writer, &status, 0);
+    }
+    return isThere;
+}
+
+TEST_F(PropertyListDefaultsStoreTest, ProcessKilledAtEachStepOfAWrite_LeavesAWholeFile) {
+    int kills = 0;
+    qlonglong last = 0;
+    while (kills < 1000 && killedAtStop(path_, kills)) {
+        last = stored().value(minutes).toLongLong();
+        EXPECT_TRUE(last == 1 || last == 2) << "killed at stop " << kills;
+        ++kills;
+    }
+    // It has the new value in the end, and was killed often enough to have met every step before.
+    EXPECT_EQ(last, 2);
+    EXPECT_GT(kills, 40);
+    RecordProperty("kills", kills);
+    open()->set(wakeWord, QStringLiteral("hey"));
+    EXPECT_EQ(stored(), (QVariantMap{{wakeWord, QStringLiteral("hey")}, {minutes, qlonglong{2}}}));
     EXPECT_THAT(complaints_, IsEmpty());
 }
 
