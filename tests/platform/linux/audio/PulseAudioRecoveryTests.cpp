@@ -118,4 +118,18 @@ TEST_F(PulseAudioRecoveryTest, ServerKilledAndBack_ContextReconnectsAndStartWork
     EXPECT_TRUE(hears(440));
 }
 
+TEST_F(PulseAudioRecoveryTest, ServerKilledTwentyTimes_IsHeardAgainEachTime) {
+    installTap();
+    for (int kill = 1; kill <= 20; ++kill) {
+        stopServer();
+        ASSERT_TRUE(watch_.waitUntil([](const AudioServer& server) { return !server.isConnected; })) << kill;
+        startServer();
+        ASSERT_TRUE(watch_.waitUntil([](const AudioServer& server) {
+            return server.defaultSourceUid == QStringLiteral("vmic") && server.defaultMicrophone() != nullptr;
+        })) << kill;
+        startAndCollect(2);
+        ASSERT_FALSE(HasFailure()) << kill;
+    }
+}
+
 } // namespace brivandel

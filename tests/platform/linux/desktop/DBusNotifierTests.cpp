@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace brivandel {
 
 class DBusNotifierTest : public testing::Test {
@@ -49,6 +51,21 @@ TEST_F(DBusNotifierTest, ServiceThatNeverAnswers_HoldsUpNobody) {
     }
     EXPECT_LT(timer.elapsed(), 500);
     EXPECT_TRUE(service_.waitForCalls(10));
+}
+
+// In a process of its own, since the bus is looked for once a process.
+TEST(DBusNotifierDeathTest, NoSessionBus_HoldsUpNobody) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+            QElapsedTimer timer;
+            timer.start();
+            DBusNotifier notifier;
+            notifier.deliver({.identifier = {}, .title = QStringLiteral("t"), .body = QStringLiteral("b")});
+            std::_Exit(timer.elapsed() < 500 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 } // namespace brivandel
