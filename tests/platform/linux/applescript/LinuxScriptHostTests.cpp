@@ -282,6 +282,23 @@ TEST_F(LinuxScriptHostTest, PatienceUsedUp_NoFurtherKeyIsPressed) {
     EXPECT_EQ(messageOf(error), QStringLiteral("System Events got an error: AppleEvent timed out."));
 }
 
+TEST_F(LinuxScriptHostTest, TargetThatNeverAnswers_OtherScriptsStillRun) {
+    desktop_.running += QStringLiteral("Other");
+    desktop_.before = [this](const QString& action) {
+        if (action.endsWith(QStringLiteral("Logic Pro"))) {
+            time_->advance(10s);
+        }
+        return std::optional<KeyFailure>();
+    };
+    EXPECT_EQ(numberOf(run(keystrokeScript(QStringLiteral("key code 1")))), -1712);
+    EXPECT_THAT(desktop_.keys(), IsEmpty());
+
+    EXPECT_FALSE(host_->run(QStringLiteral(
+        "tell application \"System Events\"\ntell process \"Other\"\nset frontmost to true\nkey code 2\n"
+        "end tell\nend tell")));
+    EXPECT_THAT(desktop_.keys(), ElementsAre(QStringLiteral("key 2 to Other")));
+}
+
 TEST_F(LinuxScriptHostTest, TwoScriptsAtOnce_DoNotMixTheirKeys) {
     host_ = makeHost();
     std::promise<void> secondPressed;
