@@ -83,7 +83,8 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), targetSetting(options).name);
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(),
+                                             std::make_unique<FixedStandIn>(StandIn{targetSetting(options).name, {}, {}}));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {
