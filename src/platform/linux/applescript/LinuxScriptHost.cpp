@@ -11,7 +11,8 @@
 
 namespace brivandel {
 
-LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys, std::unique_ptr<const StandInChoice> standIn,
+LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys,
+                                 std::unique_ptr<const StandInChoice> standIn,
                                  std::unique_ptr<script::ScriptTime> time, std::chrono::milliseconds patience)
     : keys_(std::move(keys))
     , standIn_(std::move(standIn))

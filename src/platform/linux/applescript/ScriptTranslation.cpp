@@ -115,8 +115,8 @@ private:
             }
             return;
         }
-        const auto found = std::ranges::find(
-            keys_.presses, press, &std::pair<Press, std::variant<Steps, NothingOfTheKind>>::first);
+        const auto found = std::ranges::find(keys_.presses, press,
+                                             &std::pair<Press, std::variant<Steps, NothingOfTheKind>>::first);
         if (found == keys_.presses.end()) {
             std::visit([&](const auto& action) { body.push_back({action, range}); }, press);
             return;
