@@ -21,6 +21,7 @@ constexpr auto adders = std::to_array({
     addScriptCommand,
     addReplayCommand,
     addDevicesCommand,
+    addTargetsCommand,
     addDoctorCommand,
     addAutostartCommand,
 });

@@ -22,6 +22,7 @@ void addScriptCommand(CLI::App& app, Subcommands& subcommands);
 void addListenCommand(CLI::App& app, Subcommands& subcommands);
 void addReplayCommand(CLI::App& app, Subcommands& subcommands);
 void addDevicesCommand(CLI::App& app, Subcommands& subcommands);
+void addTargetsCommand(CLI::App& app, Subcommands& subcommands);
 void addDoctorCommand(CLI::App& app, Subcommands& subcommands);
 void addAutostartCommand(CLI::App& app, Subcommands& subcommands);
 

@@ -42,13 +42,13 @@ _brivandel() {
             if [[ $current == -* ]]; then
                 _brivandel_offer '-h --help --version --toggle --popover --settings --commands --quit --appearance' "$current"
             else
-                _brivandel_offer 'commands try listen transcribe script replay devices doctor autostart' "$current"
+                _brivandel_offer 'commands try listen transcribe script replay devices targets doctor autostart' "$current"
             fi
             return
             ;;
         commands | try | devices | transcribe | autostart) _brivandel_offer '-h --help --json' "$current" ;;
         listen) _brivandel_offer '-h --help --json --target --dry-run --real-time' "$current" ;;
-        script | doctor) _brivandel_offer '-h --help --json --target' "$current" ;;
+        script | targets | doctor) _brivandel_offer '-h --help --json --target' "$current" ;;
         replay) _brivandel_offer '-h --help --json --settings --only' "$current" ;;
     esac
     [[ $current == -* ]] && return

@@ -1,6 +1,6 @@
 # fish completion for brivandel
 
-set -l subcommands commands try listen transcribe script replay devices doctor autostart
+set -l subcommands commands try listen transcribe script replay devices targets doctor autostart
 set -l events change log script beep notification store request task engine append permissionRequest state
 set -l at_first "not __fish_seen_subcommand_from $subcommands"
 
@@ -21,11 +21,12 @@ complete -c brivandel -n $at_first -a transcribe -d 'Print what the recogniser h
 complete -c brivandel -n $at_first -a script -d 'Hand an AppleScript to the script host'
 complete -c brivandel -n $at_first -a replay -d 'Play a scenario against the engine'
 complete -c brivandel -n $at_first -a devices -d 'List the inputs'
+complete -c brivandel -n $at_first -a targets -d 'List the workstations whose keys are known'
 complete -c brivandel -n $at_first -a doctor -d 'Look at everything that listening needs'
 complete -c brivandel -n $at_first -a autostart -d 'Start when you log in, or not'
 
 complete -c brivandel -n "__fish_seen_subcommand_from $subcommands" -l json -d 'Print JSON, one object a line'
-complete -c brivandel -n '__fish_seen_subcommand_from listen script doctor' -l target -x -d 'The program that stands for Logic Pro'
+complete -c brivandel -n '__fish_seen_subcommand_from listen script targets doctor' -l target -x -d 'The program that stands for Logic Pro'
 complete -c brivandel -n '__fish_seen_subcommand_from listen' -l dry-run -d 'Run no script'
 complete -c brivandel -n '__fish_seen_subcommand_from listen' -l real-time -d 'Listen to files at the pace of a microphone'
 complete -c brivandel -n '__fish_seen_subcommand_from replay' -l settings -r -F -d 'Start from a copy of this settings file'

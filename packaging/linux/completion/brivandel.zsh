@@ -9,6 +9,7 @@ _brivandel_subcommands() {
         'script:Hand an AppleScript to the script host'
         'replay:Play a scenario against the engine'
         'devices:List the inputs'
+        'targets:List the workstations whose keys are known'
         'doctor:Look at everything that listening needs'
         'autostart:Start when you log in, or not'
     )
@@ -50,7 +51,7 @@ _brivandel() {
         replay)
             _arguments $common '--settings=[Start from a copy of this settings file]:settings file:_files' \
                 "--only=[Print these events only]:events:_values -s , event $events" '1:scenario:_files' ;;
-        doctor)
+        targets|doctor)
             _arguments $common $target ;;
         autostart)
             _arguments $common '1:state:(on off)' ;;

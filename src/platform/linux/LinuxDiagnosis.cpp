@@ -6,6 +6,8 @@
 #include "platform/linux/desktop/SystemTray.h"
 #include "platform/linux/keys/X11KeySender.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
+#include "platform/linux/workstations/RunningWorkstations.h"
+#include "platform/linux/workstations/WorkstationChoice.h"
 
 #include <algorithm>
 #include <atomic>
@@ -140,9 +142,20 @@ Finding lookAtTarget(const std::optional<KeySenderReport::Target>& found, const 
             {}};
 }
 
+void lookAtProfiles(std::vector<Finding>& findings, const KnownWorkstations& known) {
+    for (const QString& problem : known.problems) {
+        findings.push_back({QStringLiteral("profile"), State::Wanting, problem,
+                            QStringLiteral("mend the file, or remove it")});
+    }
+}
+
 void lookAtKeys(std::vector<Finding>& findings, const TargetSetting& setting) {
-    const TargetName wanted =
-        setting.name.text.isEmpty() ? TargetName{QStringLiteral("Logic Pro")} : setting.name;
+    const KnownWorkstations known = readKnownWorkstations();
+    const auto choice = WorkstationChoice(setting.name, known).choose(RunningWorkstations());
+    const auto* const standIn = std::get_if<StandIn>(&choice);
+    const TargetName wanted = standIn == nullptr || standIn->target.text.isEmpty()
+                                  ? TargetName{QStringLiteral("Logic Pro")}
+                                  : standIn->target;
     const KeySenderReport report = X11KeySender().report(wanted);
     const QString display = QStringLiteral("display");
     if (!report.problem.isEmpty()) {
@@ -157,7 +170,17 @@ void lookAtKeys(std::vector<Finding>& findings, const TargetSetting& setting) {
                       QStringLiteral(
                           "start one: without it, windows cannot be brought to the front properly")}
             : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
-    findings.push_back(lookAtTarget(report.target, wanted, setting));
+    lookAtProfiles(findings, known);
+    if (standIn == nullptr) {
+        findings.push_back({QStringLiteral("target"), State::Wanting, std::get<QString>(choice),
+                            QStringLiteral("or end all but one")});
+        return;
+    }
+    Finding target = lookAtTarget(report.target, wanted, setting);
+    if (target.state == State::Well && standIn->keys) {
+        target.detail += QStringLiteral(", in the keys of its profile");
+    }
+    findings.push_back(target);
 }
 
 void lookAtDesktop(std::vector<Finding>& findings) {

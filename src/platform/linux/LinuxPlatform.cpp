@@ -16,6 +16,7 @@
 #include "platform/linux/recognition/ModelFiles.h"
 #include "platform/linux/recognition/OfflineSpeechRecognition.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
+#include "platform/linux/workstations/WorkstationChoice.h"
 #include "platform/qt/LogFile.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/ThreadWorkQueue.h"
@@ -83,7 +84,9 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), targetSetting(options).name);
+    return std::make_unique<LinuxScriptHost>(
+        std::make_unique<X11KeySender>(),
+        std::make_unique<WorkstationChoice>(targetSetting(options).name, readKnownWorkstations()));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {

@@ -161,7 +161,7 @@ void bringToFront(QWidget& window) {
 }
 
 std::unique_ptr<LinuxScriptHost> makeHost() {
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), TargetName{},
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), std::make_unique<FixedStandIn>(StandIn{}),
                                              std::make_unique<HurriedTime>());
 }
 

@@ -11,10 +11,11 @@
 
 namespace brivandel {
 
-LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys, TargetName target,
+LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys,
+                                 std::unique_ptr<const StandInChoice> standIn,
                                  std::unique_ptr<script::ScriptTime> time, std::chrono::milliseconds patience)
     : keys_(std::move(keys))
-    , target_(std::move(target))
+    , standIn_(std::move(standIn))
     , time_(std::move(time))
     , patience_(patience) {}
 
@@ -45,7 +46,7 @@ std::optional<ScriptErrorDictionary> LinuxScriptHost::run(const QString& source)
                                                                 .time = *time_,
                                                                 .turns = turns_,
                                                                 .stopping = stopping_,
-                                                                .target = target_,
+                                                                .standIn = *standIn_,
                                                                 .patience = patience_});
 }
 

@@ -3,6 +3,7 @@
 #include "platform/ScriptHost.h"
 #include "platform/linux/applescript/ScriptTime.h"
 #include "platform/linux/applescript/ScriptTurns.h"
+#include "platform/linux/applescript/StandIn.h"
 #include "platform/linux/keys/KeySender.h"
 
 #include <QString>
@@ -24,8 +25,8 @@ public:
     /// take forgives.
     static constexpr std::chrono::seconds defaultPatience{10};
 
-    /// target: which program stands for "Logic Pro" (see TargetName); an empty text: that name itself.
-    LinuxScriptHost(std::unique_ptr<KeySender> keys, TargetName target,
+    /// standIn: which program stands for "Logic Pro", and in which keys.
+    LinuxScriptHost(std::unique_ptr<KeySender> keys, std::unique_ptr<const StandInChoice> standIn,
                     std::unique_ptr<script::ScriptTime> time = std::make_unique<script::SystemScriptTime>(),
                     std::chrono::milliseconds patience = defaultPatience);
     /// Scripts that still run end with "User canceled." before their next statement; it waits for that.
@@ -35,7 +36,7 @@ public:
 
 private:
     std::unique_ptr<KeySender> keys_;
-    TargetName target_;
+    std::unique_ptr<const StandInChoice> standIn_;
     std::unique_ptr<script::ScriptTime> time_;
     std::chrono::milliseconds patience_;
     script::ScriptTurns turns_;

@@ -1,6 +1,7 @@
 #include "platform/linux/applescript/ScriptInterpreter.h"
 
 #include "platform/linux/applescript/ScriptErrors.h"
+#include "platform/linux/applescript/ScriptTranslation.h"
 
 #include <memory>
 #include <utility>
@@ -33,7 +34,18 @@ public:
             return keyErrorDictionary(*failure, systemEvents, workstation, {});
         }
         session_ = std::get<std::unique_ptr<KeySession>>(std::move(opened));
-        return runAll(script.body, {});
+        if (Outcome error = chooseStandIn()) {
+            return error;
+        }
+        if (!standIn_.keys) {
+            return runAll(script.body, {});
+        }
+        const auto translated = translate(script, *standIn_.keys, workstation);
+        if (const auto* const failure = std::get_if<TranslationFailure>(&translated)) {
+            return runtimeErrorDictionary(ErrorNumber::handlerFailed, systemEvents, failure->sentence,
+                                          failure->range);
+        }
+        return runAll(std::get<Script>(translated).body, {});
     }
 
 private:
@@ -43,6 +55,17 @@ private:
         /// The receiver of keys in a process block; the turn to press them is held for all of such a block.
         const Program* process = nullptr;
     };
+
+    Outcome chooseStandIn() {
+        auto chosen = surroundings_.standIn.choose([this](const TargetName& name) {
+            return std::holds_alternative<KeyTarget>(session_->find(name, deadline_));
+        });
+        if (const auto* const problem = std::get_if<QString>(&chosen)) {
+            return runtimeErrorDictionary(ErrorNumber::handlerFailed, systemEvents, *problem, {});
+        }
+        standIn_ = std::get<StandIn>(std::move(chosen));
+        return std::nullopt;
+    }
 
     template <class S>
     Outcome runAll(const std::vector<S>& body, const Surrounding& surrounding) {
@@ -147,8 +170,8 @@ private:
     }
 
     std::variant<Program, KeyFailure> find(const QString& name) {
-        const bool hasStandIn = name == workstation && !surroundings_.target.text.isEmpty();
-        auto found = session_->find(hasStandIn ? surroundings_.target : TargetName{.text = name}, deadline_);
+        const bool hasStandIn = name == workstation && !standIn_.target.text.isEmpty();
+        auto found = session_->find(hasStandIn ? standIn_.target : TargetName{.text = name}, deadline_);
         if (auto* const failure = std::get_if<KeyFailure>(&found)) {
             return std::move(*failure);
         }
@@ -157,7 +180,10 @@ private:
 
     /// The name that helps a person who looks for the program: that of the stand-in.
     [[nodiscard]] QString spokenName(const QString& name) const {
-        return name == workstation && !surroundings_.target.text.isEmpty() ? surroundings_.target.text : name;
+        if (name != workstation || standIn_.target.text.isEmpty()) {
+            return name;
+        }
+        return standIn_.name.isEmpty() ? standIn_.target.text : standIn_.name;
     }
 
     Outcome stopIfDue(SourceRange range) const {
@@ -184,6 +210,7 @@ private:
     /// Moves on with every delay of the script's own.
     ScriptTime::TimePoint deadline_;
     std::unique_ptr<KeySession> session_;
+    StandIn standIn_;
     std::optional<Program> frontmost_;
 };
 

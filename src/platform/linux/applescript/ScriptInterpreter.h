@@ -4,6 +4,7 @@
 #include "platform/linux/applescript/Script.h"
 #include "platform/linux/applescript/ScriptTime.h"
 #include "platform/linux/applescript/ScriptTurns.h"
+#include "platform/linux/applescript/StandIn.h"
 #include "platform/linux/keys/KeySender.h"
 
 #include <QString>
@@ -21,8 +22,8 @@ struct ScriptSurroundings {
     ScriptTurns& turns;
     /// Set when running scripts are to stop before their next statement.
     const std::atomic<bool>& stopping;
-    /// Which program stands for "Logic Pro"; an empty text: that name itself.
-    TargetName target;
+    /// Which program stands for "Logic Pro", and its keys; asked once a script.
+    const StandInChoice& standIn;
     /// How long a script may take beside its own delays.
     std::chrono::milliseconds patience;
 };

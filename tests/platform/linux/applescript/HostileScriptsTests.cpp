@@ -86,8 +86,8 @@ QStringList hostileScripts() {
 TEST(HostileScripts, EachIsRefusedBeforeAnyKey) {
     testing::FakeDesktop desktop;
     desktop.running += QStringList{QStringLiteral("Finder"), QStringLiteral("Terminal"), QStringLiteral("A")};
-    LinuxScriptHost host(std::make_unique<testing::FakeKeySender>(desktop), TargetName(),
-                         std::make_unique<testing::VirtualTime>());
+    LinuxScriptHost host(std::make_unique<testing::FakeKeySender>(desktop),
+                         std::make_unique<FixedStandIn>(StandIn()), std::make_unique<testing::VirtualTime>());
     for (const QString& script : hostileScripts()) {
         const auto error = host.run(script);
         ASSERT_TRUE(error) << qPrintable(script.left(80));
@@ -100,7 +100,8 @@ TEST(HostileScriptsDeathTest, Running_StartsNothingAndOpensNothing) {
     EXPECT_EXIT(
         {
             testing::FakeDesktop desktop;
-            LinuxScriptHost host(std::make_unique<testing::FakeKeySender>(desktop), TargetName(),
+            LinuxScriptHost host(std::make_unique<testing::FakeKeySender>(desktop),
+                                 std::make_unique<FixedStandIn>(StandIn()),
                                  std::make_unique<testing::VirtualTime>());
             const QString harmless = inWorkstation("keystroke \"$(id) `id` ; id | id > /tmp/was-here\"");
             const bool warm = !host.run(harmless);

@@ -40,7 +40,8 @@ protected:
     std::unique_ptr<LinuxScriptHost> makeHost(const TargetName& target = {}) {
         auto time = std::make_unique<testing::VirtualTime>();
         time_ = time.get();
-        return std::make_unique<LinuxScriptHost>(std::make_unique<testing::FakeKeySender>(desktop_), target,
+        return std::make_unique<LinuxScriptHost>(std::make_unique<testing::FakeKeySender>(desktop_),
+                                                 std::make_unique<FixedStandIn>(StandIn{target, {}, {}}),
                                                  std::move(time));
     }
 
@@ -333,8 +334,8 @@ TEST_F(LinuxScriptHostTest, TwoScriptsAtOnce_DoNotMixTheirKeys) {
 }
 
 TEST_F(LinuxScriptHostTest, HostDestroyedDuringADelay_EndsTheScriptBeforeItsNextKey) {
-    auto host =
-        std::make_unique<LinuxScriptHost>(std::make_unique<testing::FakeKeySender>(desktop_), TargetName{});
+    auto host = std::make_unique<LinuxScriptHost>(std::make_unique<testing::FakeKeySender>(desktop_),
+                                                  std::make_unique<FixedStandIn>(StandIn{}));
     std::promise<void> pressed;
     desktop_.before = [&](const QString& action) {
         if (action == QStringLiteral("key 1 to Logic Pro")) {

@@ -139,7 +139,7 @@ void DesktopTest::TearDown() {
 }
 
 std::unique_ptr<LinuxScriptHost> DesktopTest::makeHost(const TargetName& target) {
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), target,
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), std::make_unique<FixedStandIn>(StandIn{target, {}, {}}),
                                              std::make_unique<HurriedTime>());
 }
 

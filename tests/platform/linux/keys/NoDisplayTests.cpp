@@ -56,7 +56,7 @@ QString messageOf(const ScriptErrorDictionary& error) {
 } // namespace
 
 TEST(NoDisplay, EveryScript_SaysSo) {
-    LinuxScriptHost host(std::make_unique<X11KeySender>(":4999"), {});
+    LinuxScriptHost host(std::make_unique<X11KeySender>(":4999"), std::make_unique<FixedStandIn>(StandIn{}));
     for (const testing::ProgramScript& script : testing::programScripts()) {
         const auto error = host.run(script.source);
         ASSERT_TRUE(error) << script.name;
@@ -85,7 +85,7 @@ TEST(NoDisplay, Layout_NamesNoKey) {
 TEST(SilentDisplay, Script_GivesUpInTime) {
     auto display = std::make_unique<SilentDisplay>();
     ASSERT_TRUE(display->isListening());
-    LinuxScriptHost host(std::make_unique<X11KeySender>(display->name()), {},
+    LinuxScriptHost host(std::make_unique<X11KeySender>(display->name()), std::make_unique<FixedStandIn>(StandIn{}),
                          std::make_unique<script::SystemScriptTime>(), 200ms);
 
     const auto start = std::chrono::steady_clock::now();

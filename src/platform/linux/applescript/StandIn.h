@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/linux/applescript/KeyTable.h"
+#include "platform/linux/keys/KeySender.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <variant>
+
+namespace brivandel {
+
+/// The program that stands for "Logic Pro", and its keys.
+struct StandIn {
+    /// An empty text: the program of that name.
+    TargetName target;
+    /// As people call it; empty: as the target is called.
+    QString name;
+    /// Null: keys are sent as scripts have them.
+    std::shared_ptr<const script::KeyTable> keys;
+};
+
+/// Says who stands for "Logic Pro" at that moment. Any thread.
+class StandInChoice {
+public:
+    using IsRunning = std::function<bool(const TargetName&)>;
+
+    virtual ~StandInChoice() = default;
+    /// The stand-in, or as a sentence why it cannot be told.
+    [[nodiscard]] virtual std::variant<StandIn, QString> choose(const IsRunning& isRunning) const = 0;
+};
+
+/// The same always.
+class FixedStandIn final : public StandInChoice {
+public:
+    explicit FixedStandIn(StandIn standIn) : standIn_(std::move(standIn)) {}
+    [[nodiscard]] std::variant<StandIn, QString> choose(const IsRunning& /*isRunning*/) const override {
+        return standIn_;
+    }
+
+private:
+    StandIn standIn_;
+};
+
+} // namespace brivandel

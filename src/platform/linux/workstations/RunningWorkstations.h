@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/linux/keys/KeySender.h"
+
+#include <chrono>
+#include <memory>
+
+namespace brivandel {
+
+/// Says which programs have a window on the X display, for a person who looks; scripts ask in a session of
+/// their own. Where there is no display nothing runs. One thread at a time.
+class RunningWorkstations {
+public:
+    /// patience: how long it may take in all, from its making.
+    explicit RunningWorkstations(std::chrono::milliseconds patience = std::chrono::seconds{2});
+
+    bool operator()(const TargetName& name) const;
+
+private:
+    KeySession::Deadline deadline_;
+    /// Null: there is no display. Shared, since a std::function wants to copy it.
+    std::shared_ptr<KeySession> session_;
+};
+
+} // namespace brivandel

@@ -1,0 +1,71 @@
+#include "platform/linux/workstations/WorkstationChoice.h"
+
+#include <optional>
+#include <utility>
+
+namespace brivandel {
+
+namespace {
+
+const QString& workstation() {
+    static const QString name = QStringLiteral("Logic Pro");
+    return name;
+}
+
+} // namespace
+
+WorkstationChoice::WorkstationChoice(TargetName named, KnownWorkstations known)
+    : named_(std::move(named))
+    , known_(std::move(known)) {}
+
+std::variant<StandIn, QString> WorkstationChoice::choose(const IsRunning& isRunning) const {
+    if (!named_.text.isEmpty()) {
+        StandIn standIn{named_, {}, {}};
+        const KnownWorkstation* const known =
+            named_.by == TargetName::By::Process ? known_.called(named_.text) : nullptr;
+        if (known != nullptr) {
+            standIn.keys = known->profile.keys;
+            // Its profile may know it under a name that the display has, when the user's word is another.
+            if (!isRunning(named_)) {
+                standIn.target = runningProcess(known->profile, isRunning).value_or(named_);
+                standIn.name = named_.text;
+            }
+        }
+        return standIn;
+    }
+    std::vector<StandIn> running;
+    if (isRunning(TargetName{workstation()})) {
+        running.push_back({TargetName{workstation()}, {}, {}});
+    }
+    for (const KnownWorkstation& known : known_.all) {
+        if (auto process = runningProcess(known.profile, isRunning)) {
+            running.push_back({*std::move(process), known.profile.name, known.profile.keys});
+        }
+    }
+    if (running.empty()) {
+        return StandIn();
+    }
+    if (running.size() > 1) {
+        QStringList names;
+        for (const StandIn& standIn : running) {
+            names += standIn.name.isEmpty() ? standIn.target.text : standIn.name;
+        }
+        const QString last = names.takeLast();
+        return QStringLiteral("%1 and %2 are running, and none is chosen: name one with --target, "
+                              "BRIVANDEL_TARGET or in the file \"target\".")
+            .arg(names.join(QStringLiteral(", ")), last);
+    }
+    return running.front();
+}
+
+std::optional<TargetName> runningProcess(const WorkstationProfile& profile,
+                                         const StandInChoice::IsRunning& isRunning) {
+    for (const QString& process : profile.processes) {
+        if (const TargetName name{process}; isRunning(name)) {
+            return name;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace brivandel

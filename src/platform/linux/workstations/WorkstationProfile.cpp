@@ -1,0 +1,201 @@
+#include "platform/linux/workstations/WorkstationProfile.h"
+
+#include "platform/linux/applescript/ScriptParser.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace brivandel {
+
+using script::BarSteps;
+using script::NothingOfTheKind;
+using script::Press;
+using script::Step;
+using script::Steps;
+
+namespace {
+
+/// A fault found; unwinds to parseWorkstationProfile() and no further.
+struct Fault {
+    std::size_t offset;
+    QString sentence;
+};
+
+const PlacedJson::Object& objectIn(const PlacedJson& json) {
+    if (const auto* const object = std::get_if<PlacedJson::Object>(&json.value)) {
+        return *object;
+    }
+    throw Fault{json.offset, QStringLiteral("an object {…} belongs here")};
+}
+
+const PlacedJson::Array& arrayIn(const PlacedJson& json) {
+    if (const auto* const array = std::get_if<PlacedJson::Array>(&json.value)) {
+        return *array;
+    }
+    throw Fault{json.offset, QStringLiteral("a list […] belongs here")};
+}
+
+QString textIn(const PlacedJson& json) {
+    const auto* const text = std::get_if<QString>(&json.value);
+    if (text == nullptr || text->trimmed().isEmpty()) {
+        throw Fault{json.offset, QStringLiteral("a text \"…\" belongs here")};
+    }
+    return *text;
+}
+
+const PlacedJson* member(const PlacedJson& json, QStringView key) {
+    const auto& members = objectIn(json);
+    const auto found = std::ranges::find(members, key, &PlacedJson::Member::key);
+    return found == members.end() ? nullptr : &found->value;
+}
+
+const PlacedJson& neededMember(const PlacedJson& json, const QString& key) {
+    const PlacedJson* const found = member(json, key);
+    if (found == nullptr) {
+        throw Fault{json.offset, QStringLiteral("\"%1\" is missing here").arg(key)};
+    }
+    return *found;
+}
+
+void allowOnly(const PlacedJson& json, const QStringList& keys) {
+    for (const PlacedJson::Member& member : objectIn(json)) {
+        if (!keys.contains(member.key)) {
+            throw Fault{member.keyOffset, QStringLiteral("\"%1\" means nothing here; it may be %2")
+                                              .arg(member.key, keys.join(QStringLiteral(", ")))};
+        }
+    }
+}
+
+/// One line of a script: a press, or a wait.
+Step stepIn(const QString& line, std::size_t offset) {
+    const auto parsed = script::parseScript(line);
+    if (const auto* const error = std::get_if<script::ScriptSyntaxError>(&parsed)) {
+        throw Fault{offset, QStringLiteral("`%1` is no key press: %2").arg(line, error->message)};
+    }
+    const auto& body = std::get<script::Script>(parsed).body;
+    std::optional<Step> step;
+    if (body.size() == 1) {
+        std::visit(
+            [&](const auto& action) {
+                if constexpr (std::is_constructible_v<Step, decltype(action)>) {
+                    step = action;
+                }
+            },
+            body.front().action);
+    }
+    if (!step) {
+        throw Fault{offset, QStringLiteral("`%1` is not one key press").arg(line)};
+    }
+    return *step;
+}
+
+Press pressIn(const PlacedJson::Member& entry) {
+    const Step step = stepIn(entry.key, entry.keyOffset);
+    if (const auto* const keystroke = std::get_if<script::Keystroke>(&step)) {
+        return *keystroke;
+    }
+    if (const auto* const key = std::get_if<script::KeyCode>(&step)) {
+        return *key;
+    }
+    throw Fault{entry.keyOffset, QStringLiteral("a wait cannot be replaced")};
+}
+
+Steps stepsIn(const PlacedJson& json) {
+    if (std::holds_alternative<QString>(json.value)) {
+        return {stepIn(textIn(json), json.offset)};
+    }
+    Steps steps;
+    for (const PlacedJson& line : arrayIn(json)) {
+        steps.push_back(stepIn(textIn(line), line.offset));
+    }
+    if (steps.empty()) {
+        throw Fault{json.offset,
+                    QStringLiteral("a key press is missing; {\"nothing\": \"…\"} says that there is none")};
+    }
+    return steps;
+}
+
+std::optional<NothingOfTheKind> nothingIn(const PlacedJson& json) {
+    if (!std::holds_alternative<PlacedJson::Object>(json.value)) {
+        return std::nullopt;
+    }
+    const PlacedJson* const sentence = member(json, u"nothing");
+    if (sentence == nullptr) {
+        return std::nullopt;
+    }
+    allowOnly(json, {QStringLiteral("nothing")});
+    return NothingOfTheKind{textIn(*sentence)};
+}
+
+bool typesBar(const Step& step) {
+    const auto* const keystroke = std::get_if<script::Keystroke>(&step);
+    return keystroke != nullptr && keystroke->text.contains(script::barPlaceholder);
+}
+
+std::variant<BarSteps, NothingOfTheKind> barIn(const PlacedJson& json) {
+    if (auto nothing = nothingIn(json)) {
+        return *std::move(nothing);
+    }
+    allowOnly(json, {QStringLiteral("go"), QStringLiteral("play")});
+    const PlacedJson& go = neededMember(json, QStringLiteral("go"));
+    BarSteps bar{stepsIn(go), stepsIn(neededMember(json, QStringLiteral("play")))};
+    if (std::ranges::none_of(bar.goTo, typesBar)) {
+        throw Fault{go.offset, QStringLiteral("no step types %1").arg(script::barPlaceholder)};
+    }
+    return bar;
+}
+
+WorkstationProfile profileIn(const PlacedJson& json) {
+    allowOnly(json, {QStringLiteral("name"), QStringLiteral("processes"), QStringLiteral("tried"),
+                     QStringLiteral("keys"), QStringLiteral("bar")});
+    WorkstationProfile profile;
+    profile.name = textIn(neededMember(json, QStringLiteral("name")));
+    const PlacedJson& processes = neededMember(json, QStringLiteral("processes"));
+    for (const PlacedJson& process : arrayIn(processes)) {
+        profile.processes += textIn(process);
+    }
+    if (profile.processes.isEmpty()) {
+        throw Fault{processes.offset, QStringLiteral("the name of a process is missing")};
+    }
+    if (const PlacedJson* const tried = member(json, u"tried")) {
+        profile.tried = textIn(*tried);
+    }
+    script::KeyTable keys;
+    for (const PlacedJson::Member& entry : objectIn(neededMember(json, QStringLiteral("keys")))) {
+        const Press press = pressIn(entry);
+        if (std::ranges::any_of(keys.presses, [&](const auto& other) { return other.first == press; })) {
+            throw Fault{entry.keyOffset, QStringLiteral("`%1` stands here twice").arg(entry.key)};
+        }
+        if (auto nothing = nothingIn(entry.value)) {
+            keys.presses.emplace_back(press, *std::move(nothing));
+        } else {
+            keys.presses.emplace_back(press, stepsIn(entry.value));
+        }
+    }
+    if (const PlacedJson* const bar = member(json, u"bar")) {
+        keys.bar = barIn(*bar);
+    }
+    profile.keys = std::make_shared<const script::KeyTable>(std::move(keys));
+    return profile;
+}
+
+} // namespace
+
+bool WorkstationProfile::isCalled(const QString& what) const {
+    return name.compare(what, Qt::CaseInsensitive) == 0 || processes.contains(what, Qt::CaseInsensitive);
+}
+
+std::variant<WorkstationProfile, TextFault> parseWorkstationProfile(const QByteArray& text) {
+    const auto parsed = parsePlacedJson(text);
+    if (const auto* const fault = std::get_if<TextFault>(&parsed)) {
+        return *fault;
+    }
+    try {
+        return profileIn(std::get<PlacedJson>(parsed));
+    } catch (const Fault& fault) {
+        return faultAt(text, fault.offset, fault.sentence);
+    }
+}
+
+} // namespace brivandel

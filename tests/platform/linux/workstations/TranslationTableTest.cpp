@@ -1,0 +1,127 @@
+#include "commands/VoiceCommand.h"
+#include "engine/BarNavigation.h"
+#include "platform/linux/applescript/ScriptParser.h"
+#include "platform/linux/applescript/ScriptTranslation.h"
+#include "platform/linux/workstations/KnownWorkstations.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+// The table in docs/workstations.md is what the program's own scripts become in every shipped profile. With
+// BRIVANDEL_WRITE_TABLE=1 in the environment the test writes the table anew instead of comparing it.
+namespace brivandel {
+namespace {
+
+using namespace script;
+
+const QString tableStart = QStringLiteral("<!-- The table begins: a test writes and compares it. -->\n");
+const QString tableEnd = QStringLiteral("<!-- The table ends. -->\n");
+
+QString modifiersText(KeyModifiers modifiers) {
+    QString text;
+    text += modifiers.testFlag(KeyModifier::Command) ? QStringLiteral("Ctrl+") : QString();
+    text += modifiers.testFlag(KeyModifier::Option) ? QStringLiteral("Alt+") : QString();
+    text += modifiers.testFlag(KeyModifier::Control) ? QStringLiteral("Super+") : QString();
+    text += modifiers.testFlag(KeyModifier::Shift) ? QStringLiteral("Shift+") : QString();
+    return text;
+}
+
+QString keyText(std::uint16_t code) {
+    static const std::map<std::uint16_t, QString> names = {
+        {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},        {44, QStringLiteral("/")},
+        {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")}, {124, QStringLiteral("→")}};
+    const auto found = names.find(code);
+    return found == names.end() ? QStringLiteral("key code %1").arg(code) : found->second;
+}
+
+/// The presses of a script, in the order in which they are sent; its waits are left out.
+class Presses {
+public:
+    explicit Presses(const Script& script) { collect(script.body); }
+    [[nodiscard]] QString text() const { return presses_.join(QStringLiteral(", ")); }
+
+private:
+    template <class S>
+    void collect(const std::vector<S>& body) {
+        for (const S& statement : body) {
+            std::visit([this](const auto& action) { note(action); }, statement.action);
+        }
+    }
+    void note(const Keystroke& press) {
+        const QString text = press.text == QStringLiteral(" ") ? QStringLiteral("Space")
+                             : press.text.size() == 1          ? press.text.toUpper()
+                                                               : press.text;
+        presses_ += QStringLiteral("`` %1%2 ``").arg(modifiersText(press.modifiers), text);
+    }
+    void note(const KeyCode& press) {
+        presses_ +=
+            QStringLiteral("`` %1%2 ``").arg(modifiersText(press.modifiers), keyText(press.virtualKeyCode));
+    }
+    void note(const TellSystemEvents& tell) { collect(tell.body); }
+    void note(const TellProcess& tell) { collect(tell.body); }
+    template <class Other>
+    void note(const Other& /*pressesNothing*/) {}
+
+    QStringList presses_;
+};
+
+QString pressesOf(const QString& source, const KeyTable& keys) {
+    const auto parsed = parseScript(source);
+    if (!std::holds_alternative<Script>(parsed)) {
+        ADD_FAILURE() << qPrintable(source);
+        return {};
+    }
+    const auto translated = translate(std::get<Script>(parsed), keys, QStringLiteral("Logic Pro"));
+    if (const auto* const failure = std::get_if<TranslationFailure>(&translated)) {
+        return failure->sentence;
+    }
+    return Presses(std::get<Script>(translated)).text();
+}
+
+QString table(const std::vector<KnownWorkstation>& workstations) {
+    QString text = QStringLiteral("| Say | As written");
+    QString rule = QStringLiteral("|---|---");
+    for (const KnownWorkstation& workstation : workstations) {
+        text += QStringLiteral(" | ") + workstation.profile.name;
+        rule += QStringLiteral("|---");
+    }
+    text += QStringLiteral(" |\n") + rule + QStringLiteral("|\n");
+    const auto addRow = [&](const QString& phrase, const QString& script) {
+        const QString written = pressesOf(script, {});
+        text += QStringLiteral("| %1 | %2").arg(phrase, written);
+        for (const KnownWorkstation& workstation : workstations) {
+            const QString sent = pressesOf(script, *workstation.profile.keys);
+            text += QStringLiteral(" | ") + (sent == written ? QStringLiteral("the same") : sent);
+        }
+        text += QStringLiteral(" |\n");
+    };
+    for (const VoiceCommand command : allVoiceCommands) {
+        addRow(rawValue(command), appleScript(command));
+    }
+    addRow(QStringLiteral("go to bar 25"), barNavigationScript({25, false}));
+    addRow(QStringLiteral("play from bar 25"), barNavigationScript({25, true}));
+    return text;
+}
+
+TEST(TranslationTable, EveryScriptThroughEveryShippedProfile_IsAsDocumented) {
+    QFile file(QStringLiteral(TABLE_FILE));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite)) << TABLE_FILE;
+    const QString text = QString::fromUtf8(file.readAll());
+    const qsizetype start = text.indexOf(tableStart) + tableStart.size();
+    const qsizetype end = text.indexOf(tableEnd);
+    ASSERT_TRUE(text.contains(tableStart) && end >= start) << "the marks of the table are missing";
+
+    const QString expected = table(readKnownWorkstations(QString()).all);
+    if (qEnvironmentVariableIsSet("BRIVANDEL_WRITE_TABLE")) {
+        ASSERT_TRUE(file.resize(0));
+        file.write((text.left(start) + expected + text.mid(end)).toUtf8());
+        GTEST_SKIP() << "wrote the table";
+    }
+    EXPECT_EQ(text.mid(start, end - start), expected) << "BRIVANDEL_WRITE_TABLE=1 writes it anew";
+}
+
+} // namespace
+} // namespace brivandel
