@@ -46,7 +46,7 @@ class Room:
         yield self._command("command")
         yield self._said("talk", self._some_talk())
         yield self._command("command")
-        yield Piece("music", None, self._some_music(_SOUND_SECONDS))
+        yield Piece("music", None, self._some_music(_SOUND_SECONDS * RATE))
         yield self._command("command over music", with_music=True)
         yield Piece("silence", None, np.zeros(_SOUND_SECONDS * RATE))
         yield self._command("command")
@@ -64,7 +64,7 @@ class Room:
         piece.phrase = phrase
         if with_music:
             quietly = sounds.SPEECH_DECIBELS - _QUIETER_DECIBELS
-            piece.samples += sounds.at_decibels(self._some_music(len(piece.samples) / RATE), quietly)
+            piece.samples += sounds.at_decibels(self._some_music(len(piece.samples)), quietly)
         return piece
 
     def _said(self, kind, text):
@@ -79,11 +79,11 @@ class Room:
     def _some_talk(self):
         return ", ".join(str(sentence) for sentence in self._random.choice(self._talk, 3))
 
-    def _some_music(self, seconds):
+    def _some_music(self, count):
         kind = str(self._random.choice(sounds.MUSIC))
         whole = self._music.play(kind, _MUSIC_SECONDS, int(self._random.integers(4)), RATE)
-        begin = int(self._random.integers(len(whole) - int(seconds * RATE)))
-        return sounds.at_decibels(whole[begin : begin + int(seconds * RATE)], sounds.SPEECH_DECIBELS)
+        begin = int(self._random.integers(len(whole) - count))
+        return sounds.at_decibels(whole[begin : begin + count], sounds.SPEECH_DECIBELS)
 
 
 def play(piece, folder):
