@@ -42,6 +42,9 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
         *platform->log, recognitionModelProblem, [audio] { return audio->server().hasMicrophone(); });
     platform->notifier = std::make_unique<DBusNotifier>();
     platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
+    for (const QString& problem : readKnownWorkstations().problems) {
+        platform->log->write(QStringLiteral("Workstation profile: ") + problem);
+    }
     platform->scriptHost = makeScriptHost(options);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->defaults = std::make_unique<PropertyListDefaultsStore>(
@@ -84,9 +87,16 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    return std::make_unique<LinuxScriptHost>(
-        std::make_unique<X11KeySender>(),
-        std::make_unique<WorkstationChoice>(targetSetting(options).name, readKnownWorkstations()));
+    const TargetSetting setting = targetSetting(options);
+    std::unique_ptr<StandInChoice> choice;
+    if (setting.problem.isEmpty()) {
+        choice = std::make_unique<WorkstationChoice>(setting.name, readKnownWorkstations());
+    } else {
+        // Whoever named a program does not want another one to get the keys.
+        choice = std::make_unique<NoStandIn>(
+            QStringLiteral("The target's name cannot be read: %1").arg(setting.problem));
+    }
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), std::move(choice));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {

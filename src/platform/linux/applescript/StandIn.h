@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <variant>
 
 namespace brivandel {
@@ -41,6 +42,18 @@ public:
 
 private:
     StandIn standIn_;
+};
+
+/// Nobody, always for the same reason.
+class NoStandIn final : public StandInChoice {
+public:
+    explicit NoStandIn(QString reason) : reason_(std::move(reason)) {}
+    [[nodiscard]] std::variant<StandIn, QString> choose(const IsRunning& /*isRunning*/) const override {
+        return reason_;
+    }
+
+private:
+    QString reason_;
 };
 
 } // namespace brivandel

@@ -114,13 +114,14 @@ bool isWholeWeights(QByteArrayView bytes) {
     for (qint64 length = reader.number(); length != 0 && !reader.hasEndedEarly(); length = reader.number()) {
         const QByteArrayView text = reader.take(length);
         if (text.startsWith(featureCount)) {
-            features = text.sliced(featureCount.size()).chopped(1).toInt();
+            features = text.sliced(featureCount.size()).toByteArray().replace('\0', QByteArray()).toInt();
         }
     }
     const qint64 rows = reader.number();
     const qint64 columns = reader.number();
+    // Divided, since the product of three such numbers may be larger than any.
     return !reader.hasEndedEarly() && rows > 0 && columns > 0 && features > 0 &&
-           reader.left() >= features * rows * columns;
+           reader.left() / features / rows >= columns;
 }
 
 bool isWholeText(QByteArrayView bytes) {

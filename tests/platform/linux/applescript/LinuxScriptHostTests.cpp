@@ -300,6 +300,16 @@ TEST_F(LinuxScriptHostTest, TargetThatNeverAnswers_OtherScriptsStillRun) {
     EXPECT_THAT(desktop_.keys(), ElementsAre(QStringLiteral("key 2 to Other")));
 }
 
+TEST_F(LinuxScriptHostTest, TargetThatCannotBeTold_NobodyGetsKeys) {
+    host_ = std::make_unique<LinuxScriptHost>(
+        std::make_unique<testing::FakeKeySender>(desktop_),
+        std::make_unique<NoStandIn>(QStringLiteral("The target's name cannot be read: no")));
+    const auto error = host_->run(keystrokeScript(QStringLiteral("key code 1")));
+    EXPECT_TRUE(messageOf(error).contains(QStringLiteral("The target's name cannot be read: no")))
+        << qPrintable(messageOf(error));
+    EXPECT_THAT(desktop_.actions(), IsEmpty());
+}
+
 TEST_F(LinuxScriptHostTest, TwoScriptsAtOnce_DoNotMixTheirKeys) {
     host_ = makeHost();
     std::promise<void> secondPressed;

@@ -103,6 +103,23 @@ TEST(ModelFiles, OneBitThatFlipped_IsNamed) {
     EXPECT_EQ(model.problem(), model.damageOf(name));
 }
 
+TEST(ModelFiles, WeightsThatClaimMoreThanAnyFileHolds_AreNamed) {
+    const CopiedModel model;
+    const QString name = QStringLiteral("sendump");
+    const QByteArray text = "feature_count 4";
+    const QByteArray most = QByteArrayLiteral("\xff\xff\xff\x7f");
+    const auto write = [&](const QByteArray& header) {
+        QFile file(model.path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(header + QByteArray(4, '\0') + most + most + QByteArray(1000, '\0'));
+    };
+    write(QByteArrayLiteral("\x10\0\0\0") + text + '\0');
+    EXPECT_EQ(model.problem(), model.damageOf(name));
+    // Cut off where its number would stand.
+    write(QByteArrayLiteral("\x0e\0\0\0") + text.first(14));
+    EXPECT_EQ(model.problem(), model.damageOf(name));
+}
+
 TEST(ModelFiles, FolderInPlaceOfAFile_IsNamed) {
     const CopiedModel model;
     ASSERT_TRUE(QFile::remove(model.path(QStringLiteral("means"))));
