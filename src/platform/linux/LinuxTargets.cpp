@@ -11,13 +11,13 @@ TargetList listTargets(const QString& wanted) {
     const TargetSetting setting = targetSetting({.target = wanted});
     const KnownWorkstations known = readKnownWorkstations();
     const RunningWorkstations isRunning;
-    const auto choice = WorkstationChoice(setting.name, known).choose(isRunning);
+    // As scripts are sent: to nobody while the target's name cannot be read.
+    const std::variant<StandIn, QString> choice =
+        setting.problem.isEmpty() ? WorkstationChoice(setting.name, known).choose(isRunning)
+                                  : setting.problem;
 
     TargetList list;
     list.problems = known.problems;
-    if (!setting.problem.isEmpty()) {
-        list.problems += setting.problem;
-    }
     if (const auto* const problem = std::get_if<QString>(&choice)) {
         list.problems += *problem;
     }
