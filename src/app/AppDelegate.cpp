@@ -208,7 +208,7 @@ SettingsView& AppDelegate::settingsView() {
     return static_cast<SettingsView&>(settingsWindow_->view());
 }
 
-void AppDelegate::present(AppWindow& window) {
+void AppDelegate::present(AppWindow& window) const {
     window.present();
     desktop_.activation->activate();
 }

@@ -55,7 +55,7 @@ Q_SIGNALS:
 
 private:
     void showWelcomeWindow();
-    void present(AppWindow& window);
+    void present(AppWindow& window) const;
     [[nodiscard]] SettingsView& settingsView();
     void makePopover();
     void setupMenu();

@@ -47,7 +47,10 @@ RecyclingList::RecyclingList(RowSource& source, Selection selection, Separators 
     heights_.reset(source_.rowCount());
 }
 
-RecyclingList::~RecyclingList() = default;
+RecyclingList::~RecyclingList() {
+    // A widget that goes hands the focus on when nothing is left of this class that could follow it.
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void RecyclingList::reload() {
     const int count = source_.rowCount();

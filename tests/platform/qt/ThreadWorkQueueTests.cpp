@@ -30,9 +30,10 @@ TEST(ThreadWorkQueue, Work_RunsOffTheCallingThread) {
 }
 
 TEST(ThreadWorkQueue, SlowPieces_HoldUpNoOther) {
-    ThreadWorkQueue queue;
     std::latch release(1);
     std::counting_semaphore<> started(0);
+    std::binary_semaphore done(0);
+    ThreadWorkQueue queue; // ends first, and with it the last piece that looks at the others
     for (int i = 0; i < 8; ++i) {
         queue.run([&] {
             started.release();
@@ -42,7 +43,6 @@ TEST(ThreadWorkQueue, SlowPieces_HoldUpNoOther) {
     for (int i = 0; i < 8; ++i) {
         ASSERT_TRUE(started.try_acquire_for(10s));
     }
-    std::binary_semaphore done(0);
     queue.run([&] { done.release(); });
     EXPECT_TRUE(done.try_acquire_for(10s));
     release.count_down();

@@ -47,7 +47,7 @@ private:
     template <class S>
     void collect(const std::vector<S>& body) {
         for (const S& statement : body) {
-            std::visit([this](const auto& action) { note(action); }, statement.action);
+            std::visit([this](const auto& action) { this->note(action); }, statement.action);
         }
     }
     void note(const Keystroke& press) {
