@@ -3,6 +3,8 @@
 #include <QElapsedTimer>
 #include <QProcess>
 
+#include <algorithm>
+#include <cmath>
 #include <condition_variable>
 
 namespace brivandel {
@@ -71,20 +73,31 @@ TEST_F(PulseAudioEngineTest, StereoInput_ArrivesAtItsOwnRate) {
 
 TEST_F(PulseAudioEngineTest, SixChannels_AreNeitherMixedNorReordered) {
     const std::vector<double> frequencies{300, 500, 700, 1100, 1300, 1700};
-    const TonePlayer tone(QStringLiteral("feed6"), surroundMap(), 48000, frequencies);
+    const TonePlayer player(QStringLiteral("feed6"), surroundMap(), 48000, frequencies);
     choose(QStringLiteral("vmic6"));
     installTap();
     startAndCollect(2);
     ASSERT_TRUE(hears(frequencies[0], 0));
-    const auto blocks = blocks_.next(20, patience);
-    for (std::size_t channel = 0; channel < frequencies.size(); ++channel) {
-        const auto samples = channelOf(blocks, channel);
-        for (std::size_t tested = 0; tested < frequencies.size(); ++tested) {
-            const double amplitude = toneAmplitude(samples, frequencies[tested], 48000);
-            if (tested == channel) {
-                EXPECT_NEAR(amplitude, TonePlayer::amplitude, 0.05) << "channel " << channel;
+    // A busy machine interrupts the player now and then; every tone must be whole in one of these stretches.
+    constexpr int stretches = 15;
+    std::vector<BlockCollector::Block> blocks;
+    const auto heard = [&](std::size_t channel, std::size_t tone) {
+        return toneAmplitude(channelOf(blocks, channel), frequencies[tone], 48000);
+    };
+    const auto isWhole = [&](std::size_t channel) {
+        return std::abs(heard(channel, channel) - TonePlayer::amplitude) < 0.05;
+    };
+    const std::vector<std::size_t> channels{0, 1, 2, 3, 4, 5};
+    for (int stretch = 0; stretch < stretches && (blocks.empty() || !std::ranges::all_of(channels, isWhole));
+         ++stretch) {
+        blocks = blocks_.next(20, patience);
+    }
+    for (const std::size_t channel : channels) {
+        for (const std::size_t tone : channels) {
+            if (tone == channel) {
+                EXPECT_NEAR(heard(channel, tone), TonePlayer::amplitude, 0.05) << "channel " << channel;
             } else {
-                EXPECT_LT(amplitude, 0.02) << "channel " << channel << " hears channel " << tested;
+                EXPECT_LT(heard(channel, tone), 0.02) << "channel " << channel << " hears channel " << tone;
             }
         }
     }
