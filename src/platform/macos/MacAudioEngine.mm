@@ -1,12 +1,20 @@
+#include "platform/Lifeline.h"
+#include "platform/MainQueue.h"
+#include "platform/macos/CallbackGate.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/FoundationText.h"
+#include "platform/macos/HardwareObservation.h"
 #include "platform/macos/MacServices.h"
+#include "platform/macos/NotificationObservation.h"
 #include "platform/macos/TapGate.h"
 
 #import <AVFoundation/AVFoundation.h>
 #import <AudioToolbox/AudioToolbox.h>
 
+#include <functional>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace brivandel {
 
@@ -35,16 +43,31 @@ std::span<const float* const> channelsOf(AVAudioPCMBuffer* buffer) {
     return {channels, buffer.format.channelCount};
 }
 
+/// An engine stops by itself when its input goes, or comes back in another format. Whoever listens then begins
+/// anew, with the format that the input has by that time. A start that failed for want of an input is followed
+/// by another once inputs come or go.
 class MacAudioEngine final : public AudioEngine {
 public:
-    MacAudioEngine() {
+    MacAudioEngine(MainQueue& mainQueue, std::shared_ptr<CaptureEnd> captureEnd)
+        : mainQueue_(mainQueue)
+        , captureEnd_(std::move(captureEnd)) {
         @autoreleasepool {
-            engine_ = [[AVAudioEngine alloc] init];
+            makeEngine();
+            const auto told = hop(QStringLiteral("The inputs have changed."));
+            for (const auto property :
+                 {kAudioHardwarePropertyDevices, kAudioHardwarePropertyDefaultInputDevice}) {
+                inputs_.push_back(std::make_unique<HardwareObservation>(property, ^{
+                  told();
+                }));
+            }
         }
     }
 
     ~MacAudioEngine() override {
         @autoreleasepool {
+            gate_->close();
+            inputs_.clear();
+            configuration_.reset();
             removeTap();
             stop();
             engine_ = nil;
@@ -100,6 +123,7 @@ public:
     }
 
     [[nodiscard]] std::optional<QString> start() override {
+        isWanted_ = true;
         @autoreleasepool {
             if (engine_.running && (!tap_ || isTapConnected_)) {
                 return std::nullopt;
@@ -119,6 +143,7 @@ public:
     }
 
     void stop() override {
+        isWanted_ = false;
         @autoreleasepool {
             static_cast<void>(failureOf([this]() -> std::optional<QString> {
                 [engine_ stop];
@@ -136,7 +161,7 @@ public:
         @autoreleasepool {
             disconnectTap();
             stop();
-            engine_ = [[AVAudioEngine alloc] init];
+            makeEngine();
             hasDeviceOfItsOwn_ = false;
         }
     }
@@ -161,6 +186,37 @@ public:
     }
 
 private:
+    void makeEngine() {
+        configuration_.reset();
+        engine_ = [[AVAudioEngine alloc] init];
+        const auto told = hop(QStringLiteral("The input was unplugged, or has changed."));
+        configuration_ = std::make_unique<NotificationObservation>(AVAudioEngineConfigurationChangeNotification,
+                                                                   engine_, ^(NSNotification*) {
+                                                                     told();
+                                                                   });
+    }
+
+    // For the system's threads, on which the engine must not be touched: its end would wait for the very
+    // thread that tells.
+    std::function<void()> hop(const QString& reason) {
+        return [gate = gate_, &mainQueue = mainQueue_,
+                arrived = lifeline_.guard([this, reason] { captureMayHaveEnded(reason); })] {
+            gate->pass([&] { mainQueue.post(arrived); });
+        };
+    }
+
+    // Word of a change may come late, and of one that did no harm: what counts is how the engine stands now.
+    void captureMayHaveEnded(const QString& reason) {
+        @autoreleasepool {
+            if (!isWanted_ || engine_.running) {
+                return;
+            }
+            // It was connected with the format that the input had.
+            disconnectTap();
+            captureEnd_->tell(reason);
+        }
+    }
+
     // What failed, if anything. Nothing to connect is no failure.
     std::optional<QString> connectTap() {
         if (!tap_ || isTapConnected_) {
@@ -201,17 +257,25 @@ private:
         }));
     }
 
+    MainQueue& mainQueue_;
+    std::shared_ptr<CaptureEnd> captureEnd_;
+    std::shared_ptr<CallbackGate> gate_ = std::make_shared<CallbackGate>();
     AVAudioEngine* engine_ = nil;
+    std::unique_ptr<NotificationObservation> configuration_; // of the engine
+    std::vector<std::unique_ptr<HardwareObservation>> inputs_;
+    bool isWanted_ = false; // started and not stopped, whether or not it runs
     bool hasDeviceOfItsOwn_ = false;
     std::shared_ptr<TapGate> tap_; // the tap that is wanted
     bool isTapConnected_ = false;
     std::uint32_t tapBufferSizeFrames_ = 0;
+    Lifeline lifeline_;
 };
 
 } // namespace
 
-std::unique_ptr<AudioEngine> makeMacAudioEngine() {
-    return std::make_unique<MacAudioEngine>();
+std::unique_ptr<AudioEngine> makeMacAudioEngine(MainQueue& mainQueue,
+                                                std::shared_ptr<CaptureEnd> captureEnd) {
+    return std::make_unique<MacAudioEngine>(mainQueue, std::move(captureEnd));
 }
 
 } // namespace brivandel

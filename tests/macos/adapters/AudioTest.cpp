@@ -1,5 +1,7 @@
 #include "AdapterTest.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/MacServices.h"
+#include "platform/scripted/VirtualMainQueue.h"
 
 #include <vector>
 
@@ -25,7 +27,8 @@ protected:
         });
     }
 
-    std::unique_ptr<AudioEngine> engine = makeMacAudioEngine();
+    VirtualMainQueue mainQueue;
+    std::unique_ptr<AudioEngine> engine = makeMacAudioEngine(mainQueue, std::make_shared<CaptureEnd>());
     std::vector<Block> blocks;
 };
 

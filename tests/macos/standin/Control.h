@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -53,6 +54,7 @@ struct World {
     QString startError;
     std::optional<QString> raised; ///< AVFAudio raises this at the next call that can
     std::int32_t deviceStatus = 0;
+    bool canObserveHardware = true;
     bool hasAudioUnit = true;
     std::map<std::uint16_t, std::u16string> keys; ///< what each key types
     std::int32_t translationStatus = 0;
@@ -99,6 +101,15 @@ std::vector<std::vector<float>> appended();
 /// does not run.
 void feed(const std::vector<std::vector<float>>& channels);
 void feedWithoutData(std::uint32_t frameCount);
+/// The rate or the channels of the hardware have changed, of which the engine that lives tells, on a thread of
+/// its own; mostly it stops first. What meanwhile does comes between.
+enum class Engine { Stops, GoesOn };
+void changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile = {});
+/// Devices come or go, or another becomes the default input, of which the sound system tells likewise.
+enum class Inputs { List, Default };
+void changeInputs(Inputs what, const std::function<void()>& meanwhile = {});
+/// How many listen to that.
+std::size_t hardwareListeners();
 /// What AudioUnitSetProperty has set on the engine that lives; 0 for none.
 std::uint32_t currentDevice();
 

@@ -64,6 +64,9 @@ typedef void (^AVAudioNodeTapBlock)(AVAudioPCMBuffer* buffer, AVAudioTime* when)
 @property (readonly, nonatomic, getter=isRunning) BOOL running;                                   // running
 @end
 
+// AVFAudio: AVAudioEngineConfigurationChangeNotification
+extern "C" NSString* const AVAudioEngineConfigurationChangeNotification;
+
 typedef NSString* AVMediaType;                     // AVFoundation: AVMediaType
 extern "C" AVMediaType const AVMediaTypeAudio;     // AVFoundation: AVMediaTypeAudio
 typedef NSString* AVCaptureDeviceType;             // AVFoundation: AVCaptureDeviceType

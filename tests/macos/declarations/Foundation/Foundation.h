@@ -164,6 +164,21 @@ __attribute__((objc_exception))
 @property NSInteger maxConcurrentOperationCount; // maxConcurrentOperationCount
 @end
 
+typedef NSString* NSNotificationName; // Foundation: NSNotificationName
+// Foundation: NSNotification
+@interface NSNotification : NSObject <NSCopying>
+@end
+// Foundation: NSNotificationCenter
+@interface NSNotificationCenter : NSObject
+@property (class, readonly, strong) NSNotificationCenter* defaultCenter; // defaultCenter
+// addObserverForName:object:queue:usingBlock:
+- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
+                            object:(nullable id)obj
+                             queue:(nullable NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification* notification))block;
+- (void)removeObserver:(id)observer; // removeObserver:
+@end
+
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) { NSLibraryDirectory = 5 };       // Foundation: NSSearchPathDirectory
 typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) { NSUserDomainMask = 1 };     // Foundation: NSSearchPathDomainMask
 // Foundation: NSSearchPathForDirectoriesInDomains
