@@ -7,9 +7,9 @@
 
 namespace brivandel {
 
-/// How an engine whose capture has ended by itself tells it to the recognition that was listening: the session
-/// that began last ends with the reason as its error, and whoever listens begins anew as after any other.
-/// Main thread.
+/// How an engine whose capture has ended by itself tells it to the recognition that was listening: the
+/// session that began last ends with the reason as its error, and whoever listens begins anew as after any
+/// other. Main thread.
 class CaptureEnd {
 public:
     using Listener = std::function<void(const QString& reason)>;

@@ -5,15 +5,15 @@
 
 namespace brivandel {
 
-/// Runs a block each time that a property of the sound system changes, on a thread of the system's, until this
-/// goes. It does not wait for a block that runs at that moment. A property that cannot be observed never
+/// Runs a block each time that a property of the sound system changes, on a thread of the system's, until
+/// this goes. It does not wait for a block that runs at that moment. A property that cannot be observed never
 /// changes.
 class HardwareObservation {
 public:
     HardwareObservation(AudioObjectPropertySelector property, void (^_Nonnull changed)(void))
         : address_{property, kAudioObjectPropertyScopeGlobal, kAudioObjectPropertyElementMain}
         , block_(^(UInt32, const AudioObjectPropertyAddress*) {
-            changed();
+          changed();
         }) {
         // Without a queue, the system runs it where it notices the change.
         isObserving_ =

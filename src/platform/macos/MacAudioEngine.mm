@@ -43,9 +43,9 @@ std::span<const float* const> channelsOf(AVAudioPCMBuffer* buffer) {
     return {channels, buffer.format.channelCount};
 }
 
-/// An engine stops by itself when its input goes, or comes back in another format. Whoever listens then begins
-/// anew, with the format that the input has by that time. A start that failed for want of an input is followed
-/// by another once inputs come or go.
+/// An engine stops by itself when its input goes, or comes back in another format. Whoever listens then
+/// begins anew, with the format that the input has by that time. A start that failed for want of an input is
+/// followed by another once inputs come or go.
 class MacAudioEngine final : public AudioEngine {
 public:
     MacAudioEngine(MainQueue& mainQueue, std::shared_ptr<CaptureEnd> captureEnd)
@@ -190,17 +190,17 @@ private:
         configuration_.reset();
         engine_ = [[AVAudioEngine alloc] init];
         const auto told = hop(QStringLiteral("The input was unplugged, or has changed."));
-        configuration_ = std::make_unique<NotificationObservation>(AVAudioEngineConfigurationChangeNotification,
-                                                                   engine_, ^(NSNotification*) {
-                                                                     told();
-                                                                   });
+        configuration_ = std::make_unique<NotificationObservation>(
+            AVAudioEngineConfigurationChangeNotification, engine_, ^(NSNotification*) {
+              told();
+            });
     }
 
     // For the system's threads, on which the engine must not be touched: its end would wait for the very
     // thread that tells.
     std::function<void()> hop(const QString& reason) {
-        return [gate = gate_, &mainQueue = mainQueue_,
-                arrived = lifeline_.guard([this, reason] { captureMayHaveEnded(reason); })] {
+        auto arrived = lifeline_.guard([this, reason] { captureMayHaveEnded(reason); });
+        return [gate = gate_, &mainQueue = mainQueue_, arrived] {
             gate->pass([&] { mainQueue.post(arrived); });
         };
     }

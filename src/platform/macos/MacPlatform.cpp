@@ -12,7 +12,8 @@ namespace brivandel {
 
 namespace {
 
-// The system's recogniser has a vocabulary without an end, and tells nobody what it takes words to sound like.
+// The system's recogniser has a vocabulary without an end, and tells nobody what it takes words to sound
+// like.
 class UntoldPronunciations final : public PronunciationGuide {
 public:
     [[nodiscard]] ExpectedPhrases expect(const QSet<QString>& /*phrases*/) const override { return {}; }

@@ -48,8 +48,8 @@ class MainQueue;
 /// NSAppleScript. Scripts of all hosts of the process run one after another.
 [[nodiscard]] std::unique_ptr<ScriptHost> makeMacScriptHost();
 
-/// Speech. The vocabulary is not asked for: the system's own is large. What captureEnd is told is the error of
-/// the newest session; that one comes on the main thread.
+/// Speech. The vocabulary is not asked for: the system's own is large. What captureEnd is told is the error
+/// of the newest session; that one comes on the main thread.
 [[nodiscard]] std::unique_ptr<SpeechRecognition>
 makeMacSpeechRecognition(std::shared_ptr<CaptureEnd> captureEnd);
 

@@ -18,9 +18,8 @@ protected:
     }
 
     void installTap() {
-        engine->installTap(1024, engine->inputFormat(), [this](const AudioBuffer& buffer) {
-            heardRatesHz += buffer.sampleRateHz;
-        });
+        engine->installTap(1024, engine->inputFormat(),
+                           [this](const AudioBuffer& buffer) { heardRatesHz += buffer.sampleRateHz; });
     }
 
     VirtualMainQueue mainQueue;
@@ -141,9 +140,8 @@ TEST_F(CaptureEndTest, SystemWhoseInputsCannotBeObserved_IsNoObstacle) {
 
 TEST_F(CaptureEndTest, ListenerThatBeginsAnew_MayTakeItsOwnPlace) {
     QStringList next;
-    captureEnd->listen([&](const QString&) {
-        captureEnd->listen([&](const QString& reason) { next += reason; });
-    });
+    captureEnd->listen(
+        [&](const QString&) { captureEnd->listen([&](const QString& reason) { next += reason; }); });
     captureEnd->tell(QStringLiteral("first"));
     captureEnd->tell(QStringLiteral("second"));
     EXPECT_EQ(next, QStringList(QStringLiteral("second")));

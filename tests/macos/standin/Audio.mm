@@ -152,7 +152,8 @@ std::vector<std::vector<float>> samplesOf(AVAudioPCMBuffer* buffer) {
 @implementation AVAudioInputNode
 @end
 
-NSString* const AVAudioEngineConfigurationChangeNotification = @"AVAudioEngineConfigurationChangeNotification";
+NSString* const AVAudioEngineConfigurationChangeNotification =
+    @"AVAudioEngineConfigurationChangeNotification";
 
 // The engine that was made last, while it lives.
 static void* liveEngine = nullptr;

@@ -101,8 +101,8 @@ std::vector<std::vector<float>> appended();
 /// does not run.
 void feed(const std::vector<std::vector<float>>& channels);
 void feedWithoutData(std::uint32_t frameCount);
-/// The rate or the channels of the hardware have changed, of which the engine that lives tells, on a thread of
-/// its own; mostly it stops first. What meanwhile does comes between.
+/// The rate or the channels of the hardware have changed, of which the engine that lives tells, on a thread
+/// of its own; mostly it stops first. What meanwhile does comes between.
 enum class Engine { Stops, GoesOn };
 void changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile = {});
 /// Devices come or go, or another becomes the default input, of which the sound system tells likewise.
