@@ -146,9 +146,4 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     return {std::move(platform), mainQueue, defaults, {}, {scripts}, {}, {&engine.adapter()}, {sessions}};
 }
 
-// What decides and listens is linked with the factory of a platform, which nobody calls here.
-std::unique_ptr<Platform> makePlatform(const PlatformOptions& /*options*/) {
-    std::abort();
-}
-
 } // namespace brivandel

@@ -1,6 +1,5 @@
-#include "cli/replay/ReplaySession.h"
-
 #include "Control.h"
+#include "cli/replay/ReplaySession.h"
 
 #include <QCoreApplication>
 #include <QStringList>

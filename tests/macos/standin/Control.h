@@ -46,6 +46,7 @@ struct World {
     QStringList locales{QStringLiteral("en-US")};
     bool isRecognizerAvailable = true;
     bool recognizesHere = false;
+    std::function<void()> duringEndAudio;
 
     int microphoneStatus = 3;
     std::vector<Device> devices;
