@@ -7,6 +7,7 @@
 #include "platform/macos/MacServices.h"
 #include "platform/macos/NotificationObservation.h"
 #include "platform/macos/TapGate.h"
+#include "platform/macos/UserActivity.h"
 
 #import <AVFoundation/AVFoundation.h>
 #import <AudioToolbox/AudioToolbox.h>
@@ -123,8 +124,10 @@ public:
     }
 
     [[nodiscard]] std::optional<QString> start() override {
-        isWanted_ = true;
         @autoreleasepool {
+            if (!activity_) {
+                activity_ = std::make_unique<UserActivity>(@"Listening to spoken commands");
+            }
             if (engine_.running && (!tap_ || isTapConnected_)) {
                 return std::nullopt;
             }
@@ -143,8 +146,8 @@ public:
     }
 
     void stop() override {
-        isWanted_ = false;
         @autoreleasepool {
+            activity_.reset();
             static_cast<void>(failureOf([this]() -> std::optional<QString> {
                 [engine_ stop];
                 return std::nullopt;
@@ -208,11 +211,15 @@ private:
     // Word of a change may come late, and of one that did no harm: what counts is how the engine stands now.
     void captureMayHaveEnded(const QString& reason) {
         @autoreleasepool {
-            if (!isWanted_ || engine_.running) {
+            if (!activity_ || engine_.running) {
                 return;
             }
             // It was connected with the format that the input had.
             disconnectTap();
+            // What an engine knows of the system's default input may be out of date for good.
+            if (!hasDeviceOfItsOwn_) {
+                makeEngine();
+            }
             captureEnd_->tell(reason);
         }
     }
@@ -263,7 +270,7 @@ private:
     AVAudioEngine* engine_ = nil;
     std::unique_ptr<NotificationObservation> configuration_; // of the engine
     std::vector<std::unique_ptr<HardwareObservation>> inputs_;
-    bool isWanted_ = false; // started and not stopped, whether or not it runs
+    std::unique_ptr<UserActivity> activity_; // from start to stop, whether or not the engine runs
     bool hasDeviceOfItsOwn_ = false;
     std::shared_ptr<TapGate> tap_; // the tap that is wanted
     bool isTapConnected_ = false;

@@ -24,7 +24,8 @@ protected:
         for (const char* kind :
              {"AVAudioEngine", "AVAudioInputNode", "AVAudioPCMBuffer", "SFSpeechRecognizer",
               "SFSpeechRecognitionTask", "SFSpeechAudioBufferRecognitionRequest", "NSAppleScript",
-              "StandinMonitor", "StandinNotificationToken", "BrivandelAppearanceObserver"}) {
+              "StandinMonitor", "StandinNotificationToken", "BrivandelAppearanceObserver",
+              "BrivandelNotificationPresenter", "StandinActivity"}) {
             EXPECT_EQ(standin::liveObjects(kind), 0) << kind;
         }
         EXPECT_EQ(standin::unreleasedReferences(), 0);

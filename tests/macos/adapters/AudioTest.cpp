@@ -53,6 +53,19 @@ TEST_F(AudioTest, Start_TapsPreparesAndStarts) {
     EXPECT_EQ(calls(), QStringList());
 }
 
+TEST_F(AudioTest, ProgramThatListens_DoesNotNapButLetsTheMachineSleep) {
+    constexpr std::uint64_t userInitiated = 0xefffff; // all but the bit that keeps the machine awake
+    EXPECT_EQ(standin::activity(), 0U);
+    world().failingStarts = 1;
+    installTap();
+    EXPECT_TRUE(engine->start());
+    EXPECT_EQ(standin::activity(), userInitiated) << "it goes on trying";
+    EXPECT_FALSE(engine->start());
+    EXPECT_EQ(standin::liveObjects("StandinActivity"), 1);
+    engine->stop();
+    EXPECT_EQ(standin::activity(), 0U);
+}
+
 TEST_F(AudioTest, EngineWithoutATap_Starts) {
     engine->prepare();
     EXPECT_FALSE(engine->start());

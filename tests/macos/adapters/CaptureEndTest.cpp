@@ -45,13 +45,24 @@ TEST_F(CaptureEndTest, TapOfAnInputThatWent_IsMadeAnewWithTheNextFormat) {
     ASSERT_FALSE(engine->start());
     standin::feed({{1}});
     world().input = {44100, 1};
+    calls();
     standin::changeConfiguration(Engine::Stops);
     mainQueue.runDue();
-    calls();
     ASSERT_FALSE(engine->start());
-    EXPECT_EQ(calls(), QStringList({QStringLiteral("installTap 1024"), QStringLiteral("start")}));
+    EXPECT_EQ(calls(), QStringList({QStringLiteral("removeTap"), QStringLiteral("engine"),
+                                    QStringLiteral("installTap 1024"), QStringLiteral("start")}));
     standin::feed({{1}});
     EXPECT_EQ(heardRatesHz, QList<double>({48000, 44100}));
+}
+
+TEST_F(CaptureEndTest, DeviceOfItsOwn_IsKept) {
+    installTap();
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    ASSERT_FALSE(engine->start());
+    standin::changeConfiguration(Engine::Stops);
+    mainQueue.runDue();
+    EXPECT_EQ(told, unplugged);
+    EXPECT_EQ(standin::currentDevice(), 73U) << "another input is not listened to unasked";
 }
 
 TEST_F(CaptureEndTest, ChangeThatLeavesTheEngineRunning_IsNoEnd) {

@@ -74,7 +74,7 @@ struct World {
     QStringList runningPrograms;
     bool hasSession = true;
     QString appearance = QStringLiteral("NSAppearanceNameAqua"); ///< null: none that is known
-    bool isOnFirstScreen = true;
+    bool isInFront = false;                                      ///< of all programs
 };
 
 World& world();
@@ -111,6 +111,8 @@ enum class Inputs { List, Default };
 void changeInputs(Inputs what, const std::function<void()>& meanwhile = {});
 /// How many listen to that.
 std::size_t hardwareListeners();
+/// What the program has told the system to be doing, in the bits of its options.
+std::uint64_t activity();
 /// What AudioUnitSetProperty has set on the engine that lives; 0 for none.
 std::uint32_t currentDevice();
 

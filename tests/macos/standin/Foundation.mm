@@ -3,6 +3,8 @@
 #include "Private.h"
 #include "Runtime.h"
 
+#include <vector>
+
 using namespace standin;
 
 @implementation NSObject
@@ -80,7 +82,37 @@ NSError* standin::error(const QString& description) {
 }
 @end
 
+@interface StandinActivity : NSObject
+@end
+@implementation StandinActivity {
+@public
+    std::uint64_t _options;
+}
+@end
+
+static std::vector<StandinActivity*>& activities() {
+    static std::vector<StandinActivity*> activities;
+    return activities;
+}
+
+std::uint64_t standin::activity() {
+    std::uint64_t options = 0;
+    for (const StandinActivity* each : activities()) {
+        options |= each->_options;
+    }
+    return options;
+}
+
 @implementation NSProcessInfo
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason {
+    StandinActivity* activity = [[StandinActivity alloc] init];
+    activity->_options = options;
+    activities().push_back(activity);
+    return activity;
+}
+- (void)endActivity:(id<NSObject>)activity {
+    std::erase(activities(), activity);
+}
 + (NSProcessInfo*)processInfo {
     return [[NSProcessInfo alloc] init];
 }

@@ -1,4 +1,6 @@
 // What the adapters use of Foundation, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all but NSString, NSFileManager,
+// NSMouseInRect and the values of the search paths.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CoreGraphics.h>
@@ -153,10 +155,18 @@ __attribute__((objc_exception))
 @property (nullable, readonly, copy) NSString* bundleIdentifier; // bundleIdentifier
 @end
 
+// Foundation: NSActivityOptions
+typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
+    NSActivityIdleSystemSleepDisabled = 1ULL << 20,
+    NSActivityUserInitiated = 0x00FFFFFFULL | NSActivityIdleSystemSleepDisabled,
+    NSActivityUserInitiatedAllowingIdleSystemSleep = NSActivityUserInitiated & ~NSActivityIdleSystemSleepDisabled,
+};
 // Foundation: NSProcessInfo
 @interface NSProcessInfo : NSObject
-@property (class, readonly, strong) NSProcessInfo* processInfo; // processInfo
-@property (copy) NSString* processName;                         // processName
+@property (class, readonly, strong) NSProcessInfo* processInfo;                                      // processInfo
+@property (copy) NSString* processName;                                                              // processName
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason;        // beginActivityWithOptions:reason:
+- (void)endActivity:(id<NSObject>)activity;                                                          // endActivity:
 @end
 
 // Foundation: NSOperationQueue
