@@ -12,7 +12,7 @@ import tempfile
 # What is wrong; in which adapter; what stands there, and what stands there instead.
 FAULTS = [
     ('a cancelled session still delivers', 'MacSpeechRecognition',
-     '            task = task_;\n            end();\n', '            task = task_;\n'),
+     'lock(mutex_);\n            task = task_;\n            end();\n', 'lock(mutex_);\n            task = task_;\n'),
     ('a finished session that nobody holds is lost', 'MacSpeechRecognition', 'task_ = task;\n        }\n    }\n\n    /// On', '}\n    }\n\n    /// On'),
     ('a session that has ended keeps its task', 'MacSpeechRecognition', '        isLive_ = false;\n        task_ = nil;', '        isLive_ = false;'),
     ('results wait for the main queue', 'MacSpeechRecognition', '        recognizer_.queue = queue;\n', ''),
@@ -26,11 +26,13 @@ FAULTS = [
      "            // It was connected with the format that the input had.\n            disconnectTap();\n", ''),
     ('the engine is touched where word comes', 'MacAudioEngine', 'mainQueue.post(arrived);', 'static_cast<void>(mainQueue); auto now = arrived; now();'),
     ('word reaches an engine that is gone', 'MacAudioEngine', '            gate_->close();\n            inputs_', '            inputs_'),
-    ('the old engine is observed on', 'MacAudioEngine', '        configuration_.reset();\n        engine_', '        configuration_.release();\n        engine_'),
+    ('the old engine is observed on', 'MacAudioEngine', '        configuration_.reset();\n        deviceInForce_', '        configuration_.release();\n        deviceInForce_'),
     ('the program naps while it listens', 'MacAudioEngine', '            if (!activity_) {\n', '            if (false) {\n'),
     ('the program is kept awake for ever', 'MacAudioEngine', '            activity_.reset();\n', ''),
     ('another input than the chosen one is listened to', 'MacAudioEngine',
      '            if (!hasDeviceOfItsOwn_) {\n                makeEngine', '            if (true) {\n                makeEngine'),
+    ('the device is set at each start', 'MacAudioEngine', 'if (device == deviceInForce_) {', 'if (false) {'),
+    ('a device that failed is not set again', 'MacAudioEngine', '            if (failure) {\n                deviceInForce_.reset();', '            if (failure) {'),
     ('inputs that come are not told', 'MacAudioEngine', '                inputs_.push_back', '                if (property == 0) inputs_.push_back'),
     ('a session outlives its sound', 'MacSpeechRecognition', '                        live->fail(reason);\n', '                        static_cast<void>(reason);\n'),
     ('a Boolean is an integer', 'MacDefaultsStore', 'CFGetTypeID(reference) == CFBooleanGetTypeID()', 'CFGetTypeID(reference) == 0'),

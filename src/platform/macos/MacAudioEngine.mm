@@ -128,20 +128,11 @@ public:
             if (!activity_) {
                 activity_ = std::make_unique<UserActivity>(@"Listening to spoken commands");
             }
-            if (engine_.running && (!tap_ || isTapConnected_)) {
-                return std::nullopt;
+            auto failure = startEngine();
+            if (failure) {
+                deviceInForce_.reset();
             }
-            if (auto failure = connectTap()) {
-                return failure;
-            }
-            return failureOf([this]() -> std::optional<QString> {
-                NSError* error = nil;
-                if ([engine_ startAndReturnError:&error]) {
-                    return std::nullopt;
-                }
-                return error != nil ? fromNSString(error.localizedDescription)
-                                    : QStringLiteral("the audio engine gave no reason");
-            });
+            return failure;
         }
     }
 
@@ -170,6 +161,11 @@ public:
     }
 
     [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID device) override {
+        // An engine may take it for a change of its configuration, and stop soon after its start: set at each
+        // start, there would be no end of that.
+        if (device == deviceInForce_) {
+            return noErr;
+        }
         @autoreleasepool {
             AudioUnit unit = nullptr;
             static_cast<void>(failureOf([&]() -> std::optional<QString> {
@@ -183,7 +179,10 @@ public:
             const OSStatus status =
                 AudioUnitSetProperty(unit, kAudioOutputUnitProperty_CurrentDevice, kAudioUnitScope_Global,
                                      element, &device, sizeof device);
-            hasDeviceOfItsOwn_ = hasDeviceOfItsOwn_ || status == noErr;
+            if (status == noErr) {
+                hasDeviceOfItsOwn_ = true;
+                deviceInForce_ = device;
+            }
             return status;
         }
     }
@@ -191,6 +190,7 @@ public:
 private:
     void makeEngine() {
         configuration_.reset();
+        deviceInForce_.reset();
         engine_ = [[AVAudioEngine alloc] init];
         const auto told = hop(QStringLiteral("The input was unplugged, or has changed."));
         configuration_ = std::make_unique<NotificationObservation>(
@@ -222,6 +222,23 @@ private:
             }
             captureEnd_->tell(reason);
         }
+    }
+
+    std::optional<QString> startEngine() {
+        if (engine_.running && (!tap_ || isTapConnected_)) {
+            return std::nullopt;
+        }
+        if (auto failure = connectTap()) {
+            return failure;
+        }
+        return failureOf([this]() -> std::optional<QString> {
+            NSError* error = nil;
+            if ([engine_ startAndReturnError:&error]) {
+                return std::nullopt;
+            }
+            return error != nil ? fromNSString(error.localizedDescription)
+                                : QStringLiteral("the audio engine gave no reason");
+        });
     }
 
     // What failed, if anything. Nothing to connect is no failure.
@@ -272,7 +289,8 @@ private:
     std::vector<std::unique_ptr<HardwareObservation>> inputs_;
     std::unique_ptr<UserActivity> activity_; // from start to stop, whether or not the engine runs
     bool hasDeviceOfItsOwn_ = false;
-    std::shared_ptr<TapGate> tap_; // the tap that is wanted
+    std::optional<AudioDeviceID> deviceInForce_; // none after a failed start, whatever was set
+    std::shared_ptr<TapGate> tap_;               // the tap that is wanted
     bool isTapConnected_ = false;
     std::uint32_t tapBufferSizeFrames_ = 0;
     Lifeline lifeline_;

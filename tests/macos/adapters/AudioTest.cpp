@@ -178,6 +178,23 @@ TEST_F(AudioTest, Device_IsSetOnTheInput) {
     EXPECT_NE(engine->setInputDevice(75), 0);
 }
 
+TEST_F(AudioTest, DeviceInForce_IsNotSetAgain) {
+    installTap();
+    for (int session = 0; session < 3; ++session) {
+        ASSERT_EQ(engine->setInputDevice(73), 0);
+        ASSERT_FALSE(engine->start());
+        engine->stop();
+    }
+    EXPECT_EQ(world().deviceSettings, 1);
+    world().failingStarts = 1;
+    EXPECT_TRUE(engine->start());
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(world().deviceSettings, 2) << "it may be another by the same number";
+    engine->followDefaultInput();
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(standin::currentDevice(), 73U);
+}
+
 TEST_F(AudioTest, DefaultInput_IsFollowedByANewEngine) {
     calls();
     engine->followDefaultInput();

@@ -123,20 +123,31 @@ TEST_F(CaptureEndTest, EngineThatIsMadeAnew_IsObservedInsteadOfTheOld) {
 }
 
 TEST_F(CaptureEndTest, WordOnItsWayWhenTheEngineGoes_ReachesNobody) {
-    const auto goes = [this] { engine.reset(); };
-    const auto comes = [this] {
-        engine = makeMacAudioEngine(mainQueue, captureEnd);
+    installTap();
+    ASSERT_FALSE(engine->start());
+    standin::changeConfiguration(Engine::Stops);
+    engine.reset();
+    mainQueue.runDue();
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(CaptureEndTest, WordOnItsWayWhenTheMainQueueGoesToo_ReachesNobody) {
+    engine.reset();
+    auto queue = std::make_unique<VirtualMainQueue>();
+    const auto comes = [&] {
+        queue = std::make_unique<VirtualMainQueue>();
+        engine = makeMacAudioEngine(*queue, captureEnd);
         installTap();
         ASSERT_FALSE(engine->start());
+    };
+    const auto goes = [&] {
+        engine.reset();
+        queue.reset();
     };
     comes();
     standin::changeConfiguration(Engine::Stops, goes);
     comes();
     standin::changeInputs(Inputs::List, goes);
-    comes();
-    standin::changeConfiguration(Engine::Stops);
-    goes(); // and the word waits on the main thread
-    mainQueue.runDue();
     EXPECT_EQ(told, QStringList());
 }
 

@@ -268,6 +268,7 @@ OSStatus AudioUnitSetProperty(AudioUnit inUnit, AudioUnitPropertyID inID, AudioU
         inElement != 0 || inDataSize != sizeof(AudioDeviceID)) {
         return -50;
     }
+    ++world().deviceSettings;
     if (world().deviceStatus == noErr) {
         std::memcpy(&((__bridge AVAudioNode*)static_cast<void*>(inUnit))->_deviceID, inData, inDataSize);
     }

@@ -55,6 +55,7 @@ struct World {
     QString startError;
     std::optional<QString> raised; ///< AVFAudio raises this at the next call that can
     std::int32_t deviceStatus = 0;
+    int deviceSettings = 0; ///< how often one was set, successfully or not
     bool canObserveHardware = true;
     bool hasAudioUnit = true;
     std::map<std::uint16_t, std::u16string> keys; ///< what each key types

@@ -1,6 +1,7 @@
 // What the adapters use of AVFAudio and AVFoundation, written from their public documentation. Each declaration names its
 // page.
-// Read a second time, against the published bindings of others: all but AVCaptureDevice.
+// Read a second time, against the published bindings of others: all but two properties of
+// AVCaptureDevice, uniqueID and localizedName.
 #pragma once
 #include <AudioToolbox/AudioToolbox.h>
 #include <Foundation/Foundation.h>

@@ -1,6 +1,6 @@
 // What the adapters use of Foundation, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: all but NSString, NSFileManager,
-// NSMouseInRect and the values of the search paths.
+// Read a second time, against the published bindings of others: all but NSString, NSFileManager
+// and NSMouseInRect.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CoreGraphics.h>
