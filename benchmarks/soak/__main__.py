@@ -51,11 +51,11 @@ class Soak:
                 self._ask("--quit")
                 if (status := program.wait(_PATIENCE_SECONDS)) != 0:
                     problems.append(f"the program ended with status {status}")
-            except Failure as failure:
-                problems = [str(failure)]
+            except (Failure, subprocess.SubprocessError, OSError) as failure:
+                problems = [str(failure)]  # what was measured until then is still of use
             finally:
                 for process in (program, window_process):
-                    process.terminate()
+                    end(process)
         self._report(problems)
         if self._log_path.exists():
             shutil.copy(self._log_path, self._given.folder / "last.log")
@@ -149,6 +149,14 @@ class Soak:
             print(f"script/soak: {problem}", file=sys.stderr)
         if problems:
             print(f"script/soak: the program's log lies in {self._given.folder}/last.log", file=sys.stderr)
+
+
+def end(process):
+    process.terminate()
+    try:
+        process.wait(_PATIENCE_SECONDS)
+    except subprocess.TimeoutExpired:
+        process.kill()
 
 
 class Failure(Exception):

@@ -34,7 +34,7 @@ SingleInstance::SingleInstance(const QString& folder)
 
 SingleInstance::Role SingleInstance::begin(LaunchRequest request) {
     const QDeadlineTimer deadline(startPatience);
-    for (auto patience = 0ms; !deadline.hasExpired(); patience = lockPatience) {
+    for (std::chrono::milliseconds patience{}; !deadline.hasExpired(); patience = lockPatience) {
         if (lock_.tryLock(milliseconds(patience))) {
             QLocalServer::removeServer(socketPath_); // what a program that was killed left behind
             server_.setSocketOptions(QLocalServer::UserAccessOption);

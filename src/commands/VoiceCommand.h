@@ -40,7 +40,7 @@ inline constexpr std::size_t voiceCommandCount = 20;
 
 inline constexpr std::array<VoiceCommand, voiceCommandCount> allVoiceCommands = [] {
     std::array<VoiceCommand, voiceCommandCount> all{};
-    for (std::size_t index = 0; index < all.size(); ++index) {
+    for (std::size_t index = 0; index != all.size(); ++index) {
         all[index] = static_cast<VoiceCommand>(index);
     }
     return all;

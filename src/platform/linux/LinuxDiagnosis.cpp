@@ -36,7 +36,7 @@ std::optional<float> listenForAMoment(PulseAudioContext& context, std::optional<
                                       QString& failure) {
     constexpr std::uint32_t blockFrameCount = 1024;
     constexpr int wantedBlocks = 20; // a good 0.4 s at 48 kHz: the first blocks of some servers are empty
-    constexpr auto patience = 3s;    // PulseAudio was seen to take 2.2 s for its first sound
+    constexpr std::chrono::seconds patience{3}; // PulseAudio was seen to take 2.2 s for its first sound
 
     // The tap must not wait: it counts, and a semaphore tells when there is enough.
     std::atomic<float> loudest = 0;

@@ -74,7 +74,7 @@ QString PropertyListDefaultsStore::defaultPath() {
 
 PropertyListDefaultsStore::PropertyListDefaultsStore(QString path, DiagnosticLog& log, WorkQueue* workQueue,
                                                      Complaint complaint)
-    : path_(withoutLinks(path))
+    : path_(withoutLinks(std::move(path)))
     , log_(log)
     , workQueue_(workQueue)
     , complaint_(std::move(complaint)) {

@@ -28,7 +28,7 @@ TEST_P(SpokenNumberValue, SaidInAUsualWay_IsThatNumber) {
     EXPECT_EQ(number->value(), GetParam().value);
 }
 
-INSTANTIATE_TEST_SUITE_P(, SpokenNumberValue,
+INSTANTIATE_TEST_SUITE_P(Spoken, SpokenNumberValue,
                          testing::Values(Said{u"zero", 0}, Said{u"seven", 7}, Said{u"twelve", 12},
                                          Said{u"twenty", 20}, Said{u"twenty five", 25},
                                          Said{u"one twelve", 112}, Said{u"one hundred and twelve", 112},
