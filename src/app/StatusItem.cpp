@@ -57,7 +57,7 @@ void StatusItem::follow() {
     if (!area_.isThere()) {
         return;
     }
-    icon_ = std::make_unique<QSystemTrayIcon>();
+    icon_ = std::make_unique<QSystemTrayIcon>(this);
     icon_->setIcon(picture_);
     icon_->setToolTip(toolTip_);
     if (menu_ != nullptr) {

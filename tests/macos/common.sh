@@ -44,10 +44,21 @@ build_adapters() {
   local objects
   mapfile -t objects < <(ninja -C "$work/$1" -t targets all | sed -n "s/^\(.*brivandel_system.dir\/[^ ]*${2:-}\.o\): .*/\1/p")
   [ ${#objects[@]} -gt 0 ] || fail "there are no adapters"
+  [ -n "${2:-}" ] || expect_every_adapter "compiled for $1" "${objects[@]}"
   ninja -C "$work/$1" -j "${MACOS_CHECKS_JOBS:-1}" "${objects[@]}" >"$work/$1.built" 2>&1 || {
     grep -v '^/usr/bin/ccache' "$work/$1.built"
     fail "the adapters do not compile for $1"
   }
+}
+
+# expect_every_adapter CHECKED OBJECT...: each file of the adapters' folder is among those objects, so that none is left out
+# by a list that nobody kept.
+expect_every_adapter() {
+  local checked=$1 missing
+  shift
+  missing=$(comm -23 <(cd "$root/src/platform/macos" && find . -name '*.mm' -o -name '*.cpp' | sed 's:.*/::' | sort) \
+    <(printf '%s\n' "$@" | sed 's:.*/::; s:\.o$::' | sort))
+  [ -z "$missing" ] || fail "not $checked: $(tr '\n' ' ' <<<"$missing")"
 }
 
 # configure_standin: the adapters over doubles of the frameworks.

@@ -1,12 +1,21 @@
+#include "platform/Lifeline.h"
+#include "platform/MainQueue.h"
+#include "platform/macos/CallbackGate.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/FoundationText.h"
+#include "platform/macos/HardwareObservation.h"
 #include "platform/macos/MacServices.h"
+#include "platform/macos/NotificationObservation.h"
 #include "platform/macos/TapGate.h"
+#include "platform/macos/UserActivity.h"
 
 #import <AVFoundation/AVFoundation.h>
 #import <AudioToolbox/AudioToolbox.h>
 
+#include <functional>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace brivandel {
 
@@ -35,16 +44,31 @@ std::span<const float* const> channelsOf(AVAudioPCMBuffer* buffer) {
     return {channels, buffer.format.channelCount};
 }
 
+/// An engine stops by itself when its input goes, or comes back in another format. Whoever listens then
+/// begins anew, with the format that the input has by that time. A start that failed for want of an input is
+/// followed by another once inputs come or go.
 class MacAudioEngine final : public AudioEngine {
 public:
-    MacAudioEngine() {
+    MacAudioEngine(MainQueue& mainQueue, std::shared_ptr<CaptureEnd> captureEnd)
+        : mainQueue_(mainQueue)
+        , captureEnd_(std::move(captureEnd)) {
         @autoreleasepool {
-            engine_ = [[AVAudioEngine alloc] init];
+            makeEngine();
+            const auto told = hop(QStringLiteral("The inputs have changed."));
+            for (const auto property :
+                 {kAudioHardwarePropertyDevices, kAudioHardwarePropertyDefaultInputDevice}) {
+                inputs_.push_back(std::make_unique<HardwareObservation>(property, ^{
+                  told();
+                }));
+            }
         }
     }
 
     ~MacAudioEngine() override {
         @autoreleasepool {
+            gate_->close();
+            inputs_.clear();
+            configuration_.reset();
             removeTap();
             stop();
             engine_ = nil;
@@ -101,25 +125,20 @@ public:
 
     [[nodiscard]] std::optional<QString> start() override {
         @autoreleasepool {
-            if (engine_.running && (!tap_ || isTapConnected_)) {
-                return std::nullopt;
+            if (!activity_) {
+                activity_ = std::make_unique<UserActivity>(@"Listening to spoken commands");
             }
-            if (auto failure = connectTap()) {
-                return failure;
+            auto failure = startEngine();
+            if (failure) {
+                deviceInForce_.reset();
             }
-            return failureOf([this]() -> std::optional<QString> {
-                NSError* error = nil;
-                if ([engine_ startAndReturnError:&error]) {
-                    return std::nullopt;
-                }
-                return error != nil ? fromNSString(error.localizedDescription)
-                                    : QStringLiteral("the audio engine gave no reason");
-            });
+            return failure;
         }
     }
 
     void stop() override {
         @autoreleasepool {
+            activity_.reset();
             static_cast<void>(failureOf([this]() -> std::optional<QString> {
                 [engine_ stop];
                 return std::nullopt;
@@ -136,12 +155,17 @@ public:
         @autoreleasepool {
             disconnectTap();
             stop();
-            engine_ = [[AVAudioEngine alloc] init];
+            makeEngine();
             hasDeviceOfItsOwn_ = false;
         }
     }
 
     [[nodiscard]] std::int32_t setInputDevice(AudioDeviceID device) override {
+        // An engine may take it for a change of its configuration, and stop soon after its start: set at each
+        // start, there would be no end of that.
+        if (device == deviceInForce_) {
+            return noErr;
+        }
         @autoreleasepool {
             AudioUnit unit = nullptr;
             static_cast<void>(failureOf([&]() -> std::optional<QString> {
@@ -155,12 +179,68 @@ public:
             const OSStatus status =
                 AudioUnitSetProperty(unit, kAudioOutputUnitProperty_CurrentDevice, kAudioUnitScope_Global,
                                      element, &device, sizeof device);
-            hasDeviceOfItsOwn_ = hasDeviceOfItsOwn_ || status == noErr;
+            if (status == noErr) {
+                hasDeviceOfItsOwn_ = true;
+                deviceInForce_ = device;
+            }
             return status;
         }
     }
 
 private:
+    void makeEngine() {
+        configuration_.reset();
+        deviceInForce_.reset();
+        engine_ = [[AVAudioEngine alloc] init];
+        const auto told = hop(QStringLiteral("The input was unplugged, or has changed."));
+        configuration_ = std::make_unique<NotificationObservation>(
+            AVAudioEngineConfigurationChangeNotification, engine_, ^(NSNotification*) {
+              told();
+            });
+    }
+
+    // For the system's threads, on which the engine must not be touched: its end would wait for the very
+    // thread that tells.
+    std::function<void()> hop(const QString& reason) {
+        auto arrived = lifeline_.guard([this, reason] { captureMayHaveEnded(reason); });
+        return [gate = gate_, &mainQueue = mainQueue_, arrived] {
+            gate->pass([&] { mainQueue.post(arrived); });
+        };
+    }
+
+    // Word of a change may come late, and of one that did no harm: what counts is how the engine stands now.
+    void captureMayHaveEnded(const QString& reason) {
+        @autoreleasepool {
+            if (!activity_ || engine_.running) {
+                return;
+            }
+            // It was connected with the format that the input had.
+            disconnectTap();
+            // What an engine knows of the system's default input may be out of date for good.
+            if (!hasDeviceOfItsOwn_) {
+                makeEngine();
+            }
+            captureEnd_->tell(reason);
+        }
+    }
+
+    std::optional<QString> startEngine() {
+        if (engine_.running && (!tap_ || isTapConnected_)) {
+            return std::nullopt;
+        }
+        if (auto failure = connectTap()) {
+            return failure;
+        }
+        return failureOf([this]() -> std::optional<QString> {
+            NSError* error = nil;
+            if ([engine_ startAndReturnError:&error]) {
+                return std::nullopt;
+            }
+            return error != nil ? fromNSString(error.localizedDescription)
+                                : QStringLiteral("the audio engine gave no reason");
+        });
+    }
+
     // What failed, if anything. Nothing to connect is no failure.
     std::optional<QString> connectTap() {
         if (!tap_ || isTapConnected_) {
@@ -201,17 +281,26 @@ private:
         }));
     }
 
+    MainQueue& mainQueue_;
+    std::shared_ptr<CaptureEnd> captureEnd_;
+    std::shared_ptr<CallbackGate> gate_ = std::make_shared<CallbackGate>();
     AVAudioEngine* engine_ = nil;
+    std::unique_ptr<NotificationObservation> configuration_; // of the engine
+    std::vector<std::unique_ptr<HardwareObservation>> inputs_;
+    std::unique_ptr<UserActivity> activity_; // from start to stop, whether or not the engine runs
     bool hasDeviceOfItsOwn_ = false;
-    std::shared_ptr<TapGate> tap_; // the tap that is wanted
+    std::optional<AudioDeviceID> deviceInForce_; // none after a failed start, whatever was set
+    std::shared_ptr<TapGate> tap_;               // the tap that is wanted
     bool isTapConnected_ = false;
     std::uint32_t tapBufferSizeFrames_ = 0;
+    Lifeline lifeline_;
 };
 
 } // namespace
 
-std::unique_ptr<AudioEngine> makeMacAudioEngine() {
-    return std::make_unique<MacAudioEngine>();
+std::unique_ptr<AudioEngine> makeMacAudioEngine(MainQueue& mainQueue,
+                                                std::shared_ptr<CaptureEnd> captureEnd) {
+    return std::make_unique<MacAudioEngine>(mainQueue, std::move(captureEnd));
 }
 
 } // namespace brivandel

@@ -1,4 +1,5 @@
 #include "platform/PlatformFactory.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/FileSpeechRecognition.h"
 #include "platform/macos/MacBundle.h"
 #include "platform/macos/MacServices.h"
@@ -11,7 +12,8 @@ namespace brivandel {
 
 namespace {
 
-// The system's recogniser has a vocabulary without an end, and tells nobody what it takes words to sound like.
+// The system's recogniser has a vocabulary without an end, and tells nobody what it takes words to sound
+// like.
 class UntoldPronunciations final : public PronunciationGuide {
 public:
     [[nodiscard]] ExpectedPhrases expect(const QSet<QString>& /*phrases*/) const override { return {}; }
@@ -32,8 +34,9 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->defaults = makeMacDefaultsStore(*platform->log);
     platform->audioDevices = makeMacAudioDevices();
-    platform->audioEngine = makeMacAudioEngine();
-    platform->speechRecognition = makeMacSpeechRecognition();
+    const auto captureEnd = std::make_shared<CaptureEnd>();
+    platform->audioEngine = makeMacAudioEngine(*platform->mainQueue, captureEnd);
+    platform->speechRecognition = makeMacSpeechRecognition(captureEnd);
     platform->pronunciations = std::make_shared<UntoldPronunciations>();
     return platform;
 }
@@ -48,7 +51,8 @@ std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& /*options*/) {
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {
-    return std::make_unique<FileSpeechRecognition>(makeMacSpeechRecognition());
+    return std::make_unique<FileSpeechRecognition>(
+        makeMacSpeechRecognition(std::make_shared<CaptureEnd>())); // a file does not end by itself
 }
 
 std::optional<QString> speechRecognitionProblem() {

@@ -19,8 +19,13 @@
 // interface; here stands what is peculiar to this system. Nothing of Objective-C is to be seen from here.
 namespace brivandel {
 
-/// AVFAudio: an engine follows the system's default input until a device is set.
-[[nodiscard]] std::unique_ptr<AudioEngine> makeMacAudioEngine();
+class CaptureEnd;
+class MainQueue;
+
+/// AVFAudio: an engine follows the system's default input until a device is set. When capture ends by itself,
+/// captureEnd is told, and again whenever inputs come or go while the engine is started but does not run.
+[[nodiscard]] std::unique_ptr<AudioEngine> makeMacAudioEngine(MainQueue& mainQueue,
+                                                              std::shared_ptr<CaptureEnd> captureEnd);
 
 /// AVFoundation lists the inputs, CoreAudio knows them by UID.
 [[nodiscard]] std::unique_ptr<AudioDevices> makeMacAudioDevices();
@@ -43,7 +48,9 @@ namespace brivandel {
 /// NSAppleScript. Scripts of all hosts of the process run one after another.
 [[nodiscard]] std::unique_ptr<ScriptHost> makeMacScriptHost();
 
-/// Speech. The vocabulary is not asked for: the system's own is large.
-[[nodiscard]] std::unique_ptr<SpeechRecognition> makeMacSpeechRecognition();
+/// Speech. The vocabulary is not asked for: the system's own is large. What captureEnd is told is the error
+/// of the newest session; that one comes on the main thread.
+[[nodiscard]] std::unique_ptr<SpeechRecognition>
+makeMacSpeechRecognition(std::shared_ptr<CaptureEnd> captureEnd);
 
 } // namespace brivandel

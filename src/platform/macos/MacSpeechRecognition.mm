@@ -1,3 +1,4 @@
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/FoundationText.h"
 #include "platform/macos/MacServices.h"
 
@@ -75,6 +76,21 @@ public:
             task_ = nil; // an error may still come
         }
         handler_(heard, failure);
+    }
+
+    /// What should have come to the recogniser has ended.
+    void fail(const QString& reason) {
+        SFSpeechRecognitionTask* task = nil;
+        {
+            const std::lock_guard lock(mutex_);
+            if (!isLive_) {
+                return;
+            }
+            task = task_;
+            end();
+            handler_(std::nullopt, reason);
+        }
+        [task cancel];
     }
 
     void finish() {
@@ -190,7 +206,9 @@ private:
 
 class MacRecognizer final : public SpeechRecognizer {
 public:
-    explicit MacRecognizer(SFSpeechRecognizer* recognizer) : recognizer_(recognizer) {
+    MacRecognizer(SFSpeechRecognizer* recognizer, std::shared_ptr<CaptureEnd> captureEnd)
+        : recognizer_(recognizer)
+        , captureEnd_(std::move(captureEnd)) {
         // Its own queue is the main one, which a program without windows never serves. Results stay in order.
         NSOperationQueue* queue = [[NSOperationQueue alloc] init];
         queue.maxConcurrentOperationCount = 1;
@@ -217,6 +235,13 @@ public:
         @autoreleasepool {
             const auto session = std::make_shared<Session>(std::move(handler));
             ours->setSession(session);
+            captureEnd_->listen([listening = std::weak_ptr(session)](const QString& reason) {
+                @autoreleasepool {
+                    if (const auto live = listening.lock()) {
+                        live->fail(reason);
+                    }
+                }
+            });
             session->begin([recognizer_
                 recognitionTaskWithRequest:ours->native()
                              resultHandler:^(SFSpeechRecognitionResult* result, NSError* error) {
@@ -230,27 +255,34 @@ public:
 
 private:
     SFSpeechRecognizer* recognizer_;
+    std::shared_ptr<CaptureEnd> captureEnd_;
 };
 
 class MacSpeechRecognition final : public SpeechRecognition {
 public:
+    explicit MacSpeechRecognition(std::shared_ptr<CaptureEnd> captureEnd)
+        : captureEnd_(std::move(captureEnd)) {}
+
     [[nodiscard]] std::unique_ptr<SpeechRecognizer> makeRecognizer(const QString& locale) override {
         @autoreleasepool {
             SFSpeechRecognizer* recognizer = [[SFSpeechRecognizer alloc]
                 initWithLocale:[NSLocale localeWithLocaleIdentifier:toNSString(locale)]];
-            return recognizer != nil ? std::make_unique<MacRecognizer>(recognizer) : nullptr;
+            return recognizer != nil ? std::make_unique<MacRecognizer>(recognizer, captureEnd_) : nullptr;
         }
     }
 
     [[nodiscard]] std::shared_ptr<SpeechRecognitionRequest> makeRequest() override {
         return std::make_shared<MacRequest>();
     }
+
+private:
+    std::shared_ptr<CaptureEnd> captureEnd_;
 };
 
 } // namespace
 
-std::unique_ptr<SpeechRecognition> makeMacSpeechRecognition() {
-    return std::make_unique<MacSpeechRecognition>();
+std::unique_ptr<SpeechRecognition> makeMacSpeechRecognition(std::shared_ptr<CaptureEnd> captureEnd) {
+    return std::make_unique<MacSpeechRecognition>(std::move(captureEnd));
 }
 
 } // namespace brivandel

@@ -1,38 +1,11 @@
 #include "platform/scripted/ScriptedPlatform.h"
 
+#include "platform/scripted/Placement.h"
+#include "platform/scripted/StoredValueJson.h"
+
 #include <utility>
 
 namespace brivandel {
-
-namespace {
-
-nlohmann::ordered_json storedValue(const QVariant& value) {
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-        return value.toBool();
-    case QMetaType::LongLong:
-        return value.toLongLong();
-    case QMetaType::Double:
-        return value.toDouble();
-    case QMetaType::QString:
-        return value.toString().toStdString();
-    case QMetaType::QByteArray:
-        return QString::fromUtf8(value.toByteArray()).toStdString();
-    default:
-        return nullptr;
-    }
-}
-
-// Keeps a reference to what it gives away.
-template <typename Service, typename Slot, typename... Arguments>
-Service& place(std::unique_ptr<Slot>& slot, Arguments&&... arguments) {
-    auto service = std::make_unique<Service>(std::forward<Arguments>(arguments)...);
-    Service& reference = *service;
-    slot = std::move(service);
-    return reference;
-}
-
-} // namespace
 
 void ScriptedPlatform::endProgram() {
     audioEngine.reset();
@@ -52,7 +25,7 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     place<ScriptedWorkQueue>(platform->workQueue, mainQueue);
     auto& defaults = place<MemoryDefaultsStore>(
         platform->defaults, storedObjects, [sink](const QString& key, const QVariant& value) {
-            sink("store", {{"key", key.toStdString()}, {"value", storedValue(value)}});
+            sink("store", {{"key", key.toStdString()}, {"value", storedValueJson(value)}});
         });
     auto& audioDevices = place<ScriptedAudioDevices>(platform->audioDevices);
     auto& audioEngine = place<ScriptedAudioEngine>(platform->audioEngine, sink);

@@ -24,10 +24,12 @@ protected:
         for (const char* kind :
              {"AVAudioEngine", "AVAudioInputNode", "AVAudioPCMBuffer", "SFSpeechRecognizer",
               "SFSpeechRecognitionTask", "SFSpeechAudioBufferRecognitionRequest", "NSAppleScript",
-              "StandinMonitor", "BrivandelAppearanceObserver"}) {
+              "StandinMonitor", "StandinNotificationToken", "BrivandelAppearanceObserver",
+              "BrivandelNotificationPresenter", "StandinActivity"}) {
             EXPECT_EQ(standin::liveObjects(kind), 0) << kind;
         }
         EXPECT_EQ(standin::unreleasedReferences(), 0);
+        EXPECT_EQ(standin::hardwareListeners(), 0U);
     }
     AdapterTest(const AdapterTest&) = delete;
     AdapterTest& operator=(const AdapterTest&) = delete;

@@ -1,5 +1,7 @@
 #include "AdapterTest.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/MacServices.h"
+#include "platform/scripted/VirtualMainQueue.h"
 
 #include <vector>
 
@@ -25,7 +27,8 @@ protected:
         });
     }
 
-    std::unique_ptr<AudioEngine> engine = makeMacAudioEngine();
+    VirtualMainQueue mainQueue;
+    std::unique_ptr<AudioEngine> engine = makeMacAudioEngine(mainQueue, std::make_shared<CaptureEnd>());
     std::vector<Block> blocks;
 };
 
@@ -48,6 +51,19 @@ TEST_F(AudioTest, Start_TapsPreparesAndStarts) {
                                     QStringLiteral("prepare"), QStringLiteral("start")}));
     EXPECT_FALSE(engine->start()) << "a running engine starts without an error";
     EXPECT_EQ(calls(), QStringList());
+}
+
+TEST_F(AudioTest, ProgramThatListens_DoesNotNapButLetsTheMachineSleep) {
+    constexpr std::uint64_t userInitiated = 0xefffff; // all but the bit that keeps the machine awake
+    EXPECT_EQ(standin::activity(), 0U);
+    world().failingStarts = 1;
+    installTap();
+    EXPECT_TRUE(engine->start());
+    EXPECT_EQ(standin::activity(), userInitiated) << "it goes on trying";
+    EXPECT_FALSE(engine->start());
+    EXPECT_EQ(standin::liveObjects("StandinActivity"), 1);
+    engine->stop();
+    EXPECT_EQ(standin::activity(), 0U);
 }
 
 TEST_F(AudioTest, EngineWithoutATap_Starts) {
@@ -160,6 +176,23 @@ TEST_F(AudioTest, Device_IsSetOnTheInput) {
     EXPECT_EQ(standin::currentDevice(), 73U);
     world().hasAudioUnit = false;
     EXPECT_NE(engine->setInputDevice(75), 0);
+}
+
+TEST_F(AudioTest, DeviceInForce_IsNotSetAgain) {
+    installTap();
+    for (int session = 0; session < 3; ++session) {
+        ASSERT_EQ(engine->setInputDevice(73), 0);
+        ASSERT_FALSE(engine->start());
+        engine->stop();
+    }
+    EXPECT_EQ(world().deviceSettings, 1);
+    world().failingStarts = 1;
+    EXPECT_TRUE(engine->start());
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(world().deviceSettings, 2) << "it may be another by the same number";
+    engine->followDefaultInput();
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(standin::currentDevice(), 73U);
 }
 
 TEST_F(AudioTest, DefaultInput_IsFollowedByANewEngine) {

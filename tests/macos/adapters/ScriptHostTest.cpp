@@ -53,7 +53,8 @@ TEST_F(ScriptHostTest, ErrorWithoutADictionary_IsAnError) {
 }
 
 TEST_F(ScriptHostTest, ScriptsOfTwoHosts_TakeTurns) {
-    // The second is asked for while the first runs, and has time enough to end before it if nothing holds it up.
+    // The second is asked for while the first runs, and has time enough to end before it if nothing holds it
+    // up.
     using namespace std::chrono_literals;
     const auto other = makeMacScriptHost();
     std::future<void> second;
@@ -61,8 +62,8 @@ TEST_F(ScriptHostTest, ScriptsOfTwoHosts_TakeTurns) {
     bool isFirst = true;
     world().duringScript = [&] {
         if (std::exchange(isFirst, false)) {
-            second =
-                std::async(std::launch::async, [&] { static_cast<void>(other->run(QStringLiteral("second"))); });
+            second = std::async(std::launch::async,
+                                [&] { static_cast<void>(other->run(QStringLiteral("second"))); });
             secondBeforeTheFirst = second.wait_for(100ms);
         }
     };

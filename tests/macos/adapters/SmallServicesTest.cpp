@@ -19,6 +19,15 @@ TEST_F(SmallServicesTest, Notification_IsDeliveredAtOnceWithTheDefaultSound) {
     EXPECT_EQ(calls(), QStringList(QStringLiteral("notify idle-1.5|Brivandel|Café 😀|sound")));
 }
 
+TEST_F(SmallServicesTest, NotificationWhileTheProgramIsInFront_IsShownAndHeard) {
+    world().isInFront = true;
+    const auto notifier = makeMacNotifier();
+    notifier->deliver({QStringLiteral("idle-1"), QStringLiteral("Brivandel"), QStringLiteral("Idle")});
+    EXPECT_EQ(calls(), QStringList({QStringLiteral("notify idle-1|Brivandel|Idle|sound"),
+                                    QStringLiteral("present 26")}))
+        << "as a banner, in the list, with its sound";
+}
+
 TEST_F(SmallServicesTest, NotificationOutsideABundle_IsNotAskedFor) {
     world().bundleIdentifier = QString();
     makeMacNotifier()->deliver({});

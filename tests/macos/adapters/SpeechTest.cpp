@@ -1,4 +1,5 @@
 #include "AdapterTest.h"
+#include "platform/macos/CaptureEnd.h"
 #include "platform/macos/MacServices.h"
 
 #include <array>
@@ -19,7 +20,8 @@ protected:
         });
     }
 
-    std::unique_ptr<SpeechRecognition> recognition = makeMacSpeechRecognition();
+    std::shared_ptr<CaptureEnd> captureEnd = std::make_shared<CaptureEnd>();
+    std::unique_ptr<SpeechRecognition> recognition = makeMacSpeechRecognition(captureEnd);
     std::unique_ptr<SpeechRecognizer> recognizer = recognition->makeRecognizer(QStringLiteral("en-US"));
     std::shared_ptr<SpeechRecognitionRequest> request;
     std::unique_ptr<SpeechRecognitionTask> task;
@@ -93,6 +95,32 @@ TEST_F(SpeechTest, HandlerMayEndItsOwnSession) {
     standin::hear(QStringLiteral("play"), true);
     standin::hear(QStringLiteral("stop"), true);
     EXPECT_EQ(heard, QStringList(QStringLiteral("once")));
+}
+
+TEST_F(SpeechTest, EndOfCapture_IsTheErrorOfTheNewestSession) {
+    begin();
+    task->finish();
+    const auto older = std::exchange(request, nullptr);
+    begin();
+    calls();
+    captureEnd->tell(QStringLiteral("unplugged"));
+    EXPECT_EQ(heard, QStringList(QStringLiteral("– !unplugged")));
+    EXPECT_EQ(calls(), QStringList(QStringLiteral("cancel"))) << "it costs nothing from now on";
+    captureEnd->tell(QStringLiteral("again"));
+    standin::hear(QStringLiteral("older"), true);
+    EXPECT_EQ(heard, QStringList({QStringLiteral("– !unplugged"), QStringLiteral("older.")}))
+        << "the failed session is over, the one before still delivers";
+}
+
+TEST_F(SpeechTest, EndOfCaptureWithoutASession_TellsNobody) {
+    captureEnd->tell(QStringLiteral("unplugged"));
+    begin();
+    task->cancel();
+    captureEnd->tell(QStringLiteral("unplugged"));
+    task.reset();
+    request.reset();
+    captureEnd->tell(QStringLiteral("unplugged"));
+    EXPECT_TRUE(heard.isEmpty()) << heard.join(u';').toStdString();
 }
 
 TEST_F(SpeechTest, OlderSession_GoesOnBesideANewOne) {

@@ -152,6 +152,9 @@ std::vector<std::vector<float>> samplesOf(AVAudioPCMBuffer* buffer) {
 @implementation AVAudioInputNode
 @end
 
+NSString* const AVAudioEngineConfigurationChangeNotification =
+    @"AVAudioEngineConfigurationChangeNotification";
+
 // The engine that was made last, while it lives.
 static void* liveEngine = nullptr;
 
@@ -214,6 +217,16 @@ static AVAudioEngine* engine() {
     return (__bridge AVAudioEngine*)liveEngine;
 }
 
+void standin::changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile) {
+    @autoreleasepool {
+        void* changed = liveEngine;
+        if (engineThen == Engine::Stops && engine() != nil) {
+            engine()->_isRunning = NO;
+        }
+        postNotification(AVAudioEngineConfigurationChangeNotification, changed, meanwhile);
+    }
+}
+
 static void giveToTap(AVAudioPCMBuffer* buffer) {
     elsewhere([&] {
         AVAudioEngine* running = engine();
@@ -255,6 +268,7 @@ OSStatus AudioUnitSetProperty(AudioUnit inUnit, AudioUnitPropertyID inID, AudioU
         inElement != 0 || inDataSize != sizeof(AudioDeviceID)) {
         return -50;
     }
+    ++world().deviceSettings;
     if (world().deviceStatus == noErr) {
         std::memcpy(&((__bridge AVAudioNode*)static_cast<void*>(inUnit))->_deviceID, inData, inDataSize);
     }
@@ -266,86 +280,3 @@ std::uint32_t standin::currentDevice() {
         return engine() != nil && engine()->_inputNode != nil ? engine()->_inputNode->_deviceID : 0;
     }
 }
-
-OSStatus AudioObjectGetPropertyData(AudioObjectID inObjectID, const AudioObjectPropertyAddress* inAddress,
-                                    UInt32 inQualifierDataSize, const void* inQualifierData,
-                                    UInt32* ioDataSize, void* outData) {
-    if (inObjectID != kAudioObjectSystemObject ||
-        inAddress->mSelector != kAudioHardwarePropertyTranslateUIDToDevice ||
-        inAddress->mScope != kAudioObjectPropertyScopeGlobal || inQualifierDataSize != sizeof(CFStringRef) ||
-        *ioDataSize != sizeof(AudioDeviceID)) {
-        return -50;
-    }
-    CFStringRef reference = nullptr;
-    std::memcpy(&reference, inQualifierData, sizeof reference);
-    const QString uid = characters((__bridge NSString*)reference);
-    AudioDeviceID found = kAudioObjectUnknown;
-    for (const Device& device : world().devices) {
-        found = device.uid == uid ? device.id : found;
-    }
-    std::memcpy(outData, &found, sizeof found);
-    return noErr;
-}
-
-AVMediaType const AVMediaTypeAudio = @"soun";
-AVCaptureDeviceType const AVCaptureDeviceTypeMicrophone = @"AVCaptureDeviceTypeMicrophone";
-AVCaptureDeviceType const AVCaptureDeviceTypeExternal = @"AVCaptureDeviceTypeExternal";
-AVCaptureDeviceType const AVCaptureDeviceTypeBuiltInMicrophone = @"AVCaptureDeviceTypeBuiltInMicrophone";
-AVCaptureDeviceType const AVCaptureDeviceTypeExternalUnknown = @"AVCaptureDeviceTypeExternalUnknown";
-
-// The answer that a request waits for; a static block would outlive the runtime's own statics.
-static std::vector<void (^)(BOOL)>& microphoneHandlers() {
-    static std::vector<void (^)(BOOL)> handlers;
-    return handlers;
-}
-
-@implementation AVCaptureDevice {
-@public
-    Device _device;
-}
-- (NSString*)uniqueID {
-    return text(_device.uid);
-}
-- (NSString*)localizedName {
-    return text(_device.name);
-}
-+ (AVAuthorizationStatus)authorizationStatusForMediaType:(AVMediaType)mediaType {
-    return static_cast<AVAuthorizationStatus>(world().microphoneStatus);
-}
-+ (void)requestAccessForMediaType:(AVMediaType)mediaType completionHandler:(void (^)(BOOL))handler {
-    world().calls += QStringLiteral("request microphone ") + characters(mediaType);
-    microphoneHandlers().push_back([handler copy]);
-}
-@end
-
-void standin::answerMicrophone(bool granted) {
-    elsewhere([&] {
-        for (const auto& handler : std::exchange(microphoneHandlers(), {})) {
-            handler(granted);
-        }
-    });
-}
-
-@implementation AVCaptureDeviceDiscoverySession
-+ (instancetype)discoverySessionWithDeviceTypes:(NSArray<AVCaptureDeviceType>*)deviceTypes
-                                      mediaType:(AVMediaType)mediaType
-                                       position:(AVCaptureDevicePosition)position {
-    QStringList types;
-    for (AVCaptureDeviceType type in deviceTypes) {
-        types += characters(type).remove(QStringLiteral("AVCaptureDeviceType"));
-    }
-    world().calls += QStringLiteral("discover %1 %2 %3")
-                         .arg(types.join(u'+'), characters(mediaType))
-                         .arg(static_cast<int>(position));
-    return [[self alloc] init];
-}
-- (NSArray<AVCaptureDevice*>*)devices {
-    std::vector<id> devices;
-    for (const Device& device : world().devices) {
-        AVCaptureDevice* object = [[AVCaptureDevice alloc] init];
-        object->_device = device;
-        devices.push_back(object);
-    }
-    return array(devices);
-}
-@end

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -45,6 +46,7 @@ struct World {
     QStringList locales{QStringLiteral("en-US")};
     bool isRecognizerAvailable = true;
     bool recognizesHere = false;
+    std::function<void()> duringEndAudio;
 
     int microphoneStatus = 3;
     std::vector<Device> devices;
@@ -53,6 +55,8 @@ struct World {
     QString startError;
     std::optional<QString> raised; ///< AVFAudio raises this at the next call that can
     std::int32_t deviceStatus = 0;
+    int deviceSettings = 0; ///< how often one was set, successfully or not
+    bool canObserveHardware = true;
     bool hasAudioUnit = true;
     std::map<std::uint16_t, std::u16string> keys; ///< what each key types
     std::int32_t translationStatus = 0;
@@ -71,7 +75,7 @@ struct World {
     QStringList runningPrograms;
     bool hasSession = true;
     QString appearance = QStringLiteral("NSAppearanceNameAqua"); ///< null: none that is known
-    bool isOnFirstScreen = true;
+    bool isInFront = false;                                      ///< of all programs
 };
 
 World& world();
@@ -99,6 +103,17 @@ std::vector<std::vector<float>> appended();
 /// does not run.
 void feed(const std::vector<std::vector<float>>& channels);
 void feedWithoutData(std::uint32_t frameCount);
+/// The rate or the channels of the hardware have changed, of which the engine that lives tells, on a thread
+/// of its own; mostly it stops first. What meanwhile does comes between.
+enum class Engine { Stops, GoesOn };
+void changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile = {});
+/// Devices come or go, or another becomes the default input, of which the sound system tells likewise.
+enum class Inputs { List, Default };
+void changeInputs(Inputs what, const std::function<void()>& meanwhile = {});
+/// How many listen to that.
+std::size_t hardwareListeners();
+/// What the program has told the system to be doing, in the bits of its options.
+std::uint64_t activity();
 /// What AudioUnitSetProperty has set on the engine that lives; 0 for none.
 std::uint32_t currentDevice();
 

@@ -3,7 +3,6 @@
 #include "Private.h"
 
 #import <AppKit/AppKit.h>
-#import <UserNotifications/UserNotifications.h>
 
 #include <algorithm>
 #include <utility>
@@ -183,66 +182,3 @@ void standin::press(double x, double y, bool inAnotherProgram) {
     return array(programs);
 }
 @end
-
-@implementation UNNotificationSound
-+ (UNNotificationSound*)defaultSound {
-    return [[UNNotificationSound alloc] init];
-}
-@end
-@implementation UNNotificationContent
-@end
-@implementation UNMutableNotificationContent
-@synthesize title = _title;
-@synthesize body = _body;
-@synthesize sound = _sound;
-@end
-
-@implementation UNNotificationRequest {
-@public
-    NSString* _identifier;
-    UNMutableNotificationContent* _content;
-}
-+ (instancetype)requestWithIdentifier:(NSString*)identifier
-                              content:(UNNotificationContent*)content
-                              trigger:(UNNotificationTrigger*)trigger {
-    UNNotificationRequest* request = [super alloc];
-    request->_identifier = identifier;
-    request->_content = static_cast<UNMutableNotificationContent*>(content);
-    return request;
-}
-@end
-
-static std::vector<void (^)(BOOL, NSError*)>& notificationHandlers() {
-    static std::vector<void (^)(BOOL, NSError*)> handlers;
-    return handlers;
-}
-
-@implementation UNUserNotificationCenter
-+ (UNUserNotificationCenter*)currentNotificationCenter {
-    if (world().bundleIdentifier.isNull()) {
-        world().calls += QStringLiteral("bundleProxyForCurrentProcess is nil");
-    }
-    return [super alloc];
-}
-- (void)requestAuthorizationWithOptions:(UNAuthorizationOptions)options
-                      completionHandler:(void (^)(BOOL, NSError*))completionHandler {
-    world().calls += QStringLiteral("request notifications %1").arg(static_cast<int>(options));
-    notificationHandlers().push_back([completionHandler copy]);
-}
-- (void)addNotificationRequest:(UNNotificationRequest*)request
-         withCompletionHandler:(void (^)(NSError*))completionHandler {
-    world().calls +=
-        QStringLiteral("notify %1|%2|%3|%4")
-            .arg(characters(request->_identifier), characters(request->_content.title),
-                 characters(request->_content.body),
-                 request->_content.sound != nil ? QStringLiteral("sound") : QStringLiteral("silent"));
-}
-@end
-
-void standin::answerNotifications(bool granted) {
-    elsewhere([&] {
-        for (const auto& handler : std::exchange(notificationHandlers(), {})) {
-            handler(granted, nil);
-        }
-    });
-}

@@ -59,6 +59,9 @@ static std::vector<std::vector<float>> lastAppended;
 }
 - (void)endAudio {
     world().calls += QStringLiteral("endAudio");
+    if (world().duringEndAudio) {
+        world().duringEndAudio();
+    }
 }
 @end
 

@@ -1,5 +1,7 @@
 // What the adapters use of AVFAudio and AVFoundation, written from their public documentation. Each declaration names its
 // page.
+// Read a second time, against the published bindings of others: all but two properties of
+// AVCaptureDevice, uniqueID and localizedName.
 #pragma once
 #include <AudioToolbox/AudioToolbox.h>
 #include <Foundation/Foundation.h>
@@ -63,6 +65,9 @@ typedef void (^AVAudioNodeTapBlock)(AVAudioPCMBuffer* buffer, AVAudioTime* when)
 @property (readonly, nonatomic) AVAudioInputNode* inputNode;                                      // inputNode
 @property (readonly, nonatomic, getter=isRunning) BOOL running;                                   // running
 @end
+
+// AVFAudio: AVAudioEngineConfigurationChangeNotification
+extern "C" NSString* const AVAudioEngineConfigurationChangeNotification;
 
 typedef NSString* AVMediaType;                     // AVFoundation: AVMediaType
 extern "C" AVMediaType const AVMediaTypeAudio;     // AVFoundation: AVMediaTypeAudio

@@ -1,4 +1,6 @@
 // What the adapters use of AppKit, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all but NSBeep and the properties
+// effectiveAppearance, mouseLocation and runningApplications.
 #pragma once
 #include <Foundation/Foundation.h>
 NS_ASSUME_NONNULL_BEGIN

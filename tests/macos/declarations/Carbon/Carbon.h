@@ -1,5 +1,6 @@
 // What the adapters use of Carbon (text input sources) and Core Services (keyboard layouts), written from their public
 // documentation. Each declaration names its page; the functions without one, the guide that shows them.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 

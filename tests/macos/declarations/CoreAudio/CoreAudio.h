@@ -1,6 +1,8 @@
 // What the adapters use of Core Audio, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
+#include <dispatch/dispatch.h>
 
 typedef UInt32 AudioObjectID;               // Core Audio: AudioObjectID
 typedef AudioObjectID AudioDeviceID;        // Core Audio: AudioDeviceID
@@ -20,8 +22,11 @@ enum : AudioObjectID {
     kAudioObjectUnknown = 0,      // Core Audio: kAudioObjectUnknown
     kAudioObjectSystemObject = 1, // Core Audio: kAudioObjectSystemObject
 };
-// Core Audio: kAudioHardwarePropertyTranslateUIDToDevice
-enum : AudioObjectPropertySelector { kAudioHardwarePropertyTranslateUIDToDevice = 'uidd' };
+enum : AudioObjectPropertySelector {
+    kAudioHardwarePropertyDevices = 'dev#',              // Core Audio: kAudioHardwarePropertyDevices
+    kAudioHardwarePropertyDefaultInputDevice = 'dIn ',   // Core Audio: kAudioHardwarePropertyDefaultInputDevice
+    kAudioHardwarePropertyTranslateUIDToDevice = 'uidd', // Core Audio: kAudioHardwarePropertyTranslateUIDToDevice
+};
 // Core Audio: kAudioObjectPropertyScopeGlobal
 enum : AudioObjectPropertyScope { kAudioObjectPropertyScopeGlobal = 'glob' };
 // Core Audio: kAudioObjectPropertyElementMain (macOS 12)
@@ -48,3 +53,19 @@ extern "C" OSStatus AudioObjectGetPropertyData(AudioObjectID inObjectID,
                                                const AudioObjectPropertyAddress* _Nonnull inAddress,
                                                UInt32 inQualifierDataSize, const void* _Nullable inQualifierData,
                                                UInt32* _Nonnull ioDataSize, void* _Nonnull outData);
+
+// Core Audio: AudioObjectPropertyListenerBlock
+typedef void (^AudioObjectPropertyListenerBlock)(UInt32 inNumberAddresses,
+                                                 const AudioObjectPropertyAddress* _Nonnull inAddresses);
+extern "C" {
+// Core Audio: AudioObjectAddPropertyListenerBlock
+OSStatus AudioObjectAddPropertyListenerBlock(AudioObjectID inObjectID,
+                                             const AudioObjectPropertyAddress* _Nonnull inAddress,
+                                             dispatch_queue_t _Nullable inDispatchQueue,
+                                             AudioObjectPropertyListenerBlock _Nonnull inListener);
+// Core Audio: AudioObjectRemovePropertyListenerBlock
+OSStatus AudioObjectRemovePropertyListenerBlock(AudioObjectID inObjectID,
+                                                const AudioObjectPropertyAddress* _Nonnull inAddress,
+                                                dispatch_queue_t _Nullable inDispatchQueue,
+                                                AudioObjectPropertyListenerBlock _Nonnull inListener);
+}

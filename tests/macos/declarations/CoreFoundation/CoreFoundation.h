@@ -1,4 +1,5 @@
 // What the adapters use of Core Foundation, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: its functions.
 #pragma once
 #include <objc/objc.h>
 #pragma clang assume_nonnull begin

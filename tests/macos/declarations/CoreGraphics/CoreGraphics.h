@@ -1,4 +1,5 @@
 // What the adapters use of Core Graphics, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 #pragma clang assume_nonnull begin

@@ -1,5 +1,6 @@
 // What the adapters use of Core Services (Apple events), written from its public documentation. Each declaration names its
 // page.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 

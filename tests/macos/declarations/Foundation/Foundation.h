@@ -1,4 +1,6 @@
 // What the adapters use of Foundation, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all but NSString, NSFileManager
+// and NSMouseInRect.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CoreGraphics.h>
@@ -153,15 +155,38 @@ __attribute__((objc_exception))
 @property (nullable, readonly, copy) NSString* bundleIdentifier; // bundleIdentifier
 @end
 
+// Foundation: NSActivityOptions
+typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
+    NSActivityIdleSystemSleepDisabled = 1ULL << 20,
+    NSActivityUserInitiated = 0x00FFFFFFULL | NSActivityIdleSystemSleepDisabled,
+    NSActivityUserInitiatedAllowingIdleSystemSleep = NSActivityUserInitiated & ~NSActivityIdleSystemSleepDisabled,
+};
 // Foundation: NSProcessInfo
 @interface NSProcessInfo : NSObject
-@property (class, readonly, strong) NSProcessInfo* processInfo; // processInfo
-@property (copy) NSString* processName;                         // processName
+@property (class, readonly, strong) NSProcessInfo* processInfo;                                      // processInfo
+@property (copy) NSString* processName;                                                              // processName
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason;        // beginActivityWithOptions:reason:
+- (void)endActivity:(id<NSObject>)activity;                                                          // endActivity:
 @end
 
 // Foundation: NSOperationQueue
 @interface NSOperationQueue : NSObject
 @property NSInteger maxConcurrentOperationCount; // maxConcurrentOperationCount
+@end
+
+typedef NSString* NSNotificationName; // Foundation: NSNotificationName
+// Foundation: NSNotification
+@interface NSNotification : NSObject <NSCopying>
+@end
+// Foundation: NSNotificationCenter
+@interface NSNotificationCenter : NSObject
+@property (class, readonly, strong) NSNotificationCenter* defaultCenter; // defaultCenter
+// addObserverForName:object:queue:usingBlock:
+- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
+                            object:(nullable id)obj
+                             queue:(nullable NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification* notification))block;
+- (void)removeObserver:(id)observer; // removeObserver:
 @end
 
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) { NSLibraryDirectory = 5 };       // Foundation: NSSearchPathDirectory

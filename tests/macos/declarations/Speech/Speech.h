@@ -1,4 +1,5 @@
 // What the adapters use of Speech, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all but what may be nil in the handler of a task.
 #pragma once
 #include <Foundation/Foundation.h>
 NS_ASSUME_NONNULL_BEGIN

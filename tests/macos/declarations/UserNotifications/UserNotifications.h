@@ -1,4 +1,5 @@
 // What the adapters use of User Notifications, written from its public documentation. Each declaration names its page.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <Foundation/Foundation.h>
 NS_ASSUME_NONNULL_BEGIN
@@ -38,9 +39,31 @@ typedef NS_OPTIONS(NSUInteger, UNAuthorizationOptions) {
 - (instancetype)init NS_UNAVAILABLE;
 @end
 
+// User Notifications: UNNotificationPresentationOptions
+typedef NS_OPTIONS(NSUInteger, UNNotificationPresentationOptions) {
+    UNNotificationPresentationOptionBadge = 1 << 0,
+    UNNotificationPresentationOptionSound = 1 << 1,
+    UNNotificationPresentationOptionList SINCE_MACOS(11.0) = 1 << 3,
+    UNNotificationPresentationOptionBanner SINCE_MACOS(11.0) = 1 << 4,
+};
+// User Notifications: UNNotification
+@interface UNNotification : NSObject
+- (instancetype)init NS_UNAVAILABLE;
+@end
+@class UNUserNotificationCenter;
+// User Notifications: UNUserNotificationCenterDelegate
+@protocol UNUserNotificationCenterDelegate <NSObject>
+@optional
+// userNotificationCenter:willPresentNotification:withCompletionHandler:
+- (void)userNotificationCenter:(UNUserNotificationCenter*)center
+       willPresentNotification:(UNNotification*)notification
+         withCompletionHandler:(void (^)(UNNotificationPresentationOptions options))completionHandler;
+@end
+
 // User Notifications: UNUserNotificationCenter
 @interface UNUserNotificationCenter : NSObject
-+ (UNUserNotificationCenter*)currentNotificationCenter; // currentNotificationCenter
++ (UNUserNotificationCenter*)currentNotificationCenter;                                  // currentNotificationCenter
+@property (nonatomic, weak, nullable) id<UNUserNotificationCenterDelegate> delegate;     // delegate
 - (instancetype)init NS_UNAVAILABLE;
 // requestAuthorizationWithOptions:completionHandler:
 - (void)requestAuthorizationWithOptions:(UNAuthorizationOptions)options
