@@ -33,14 +33,18 @@ public:
         if (source.wakePhrase.isEmpty() || !add(source.wakePhrase, setWakePhrase)) {
             add(fallbackWakePhrase, setWakePhrase);
         }
+        SoundAlikeFinder finder(compiled_->pronunciations);
         for (const QString& phrase : source.phrases) {
-            add(phrase,
-                [&graph](const QString& text, const QStringList& words) { graph.addPhrase(text, words); });
+            add(phrase, [&](const QString& text, const QStringList& words) {
+                graph.addPhrase(text, words);
+                finder.add(text, words);
+            });
         }
         for (const QString& phrase : source.barPhrases) {
             add(phrase,
                 [&graph](const QString& text, const QStringList& words) { graph.addBarPhrase(text, words); });
         }
+        compiled_->soundAlikes = finder.find();
         return compiled_;
     }
 

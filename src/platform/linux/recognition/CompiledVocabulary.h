@@ -3,6 +3,7 @@
 #include "platform/RecognitionVocabulary.h"
 #include "platform/linux/recognition/PhraseGraph.h"
 #include "platform/linux/recognition/Pronunciations.h"
+#include "platform/linux/recognition/SoundAlikes.h"
 
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,7 @@ struct CompiledVocabulary {
     PhraseGraph graph;
     /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
+    SoundAlikes soundAlikes;
     /// For each phrase that cannot be listened for, a line that says which and why.
     QStringList problems;
 

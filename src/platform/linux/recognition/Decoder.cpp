@@ -167,6 +167,13 @@ bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expect
     return true;
 }
 
+void Decoder::removeSearch(const QString& search) {
+    end();
+    if (searches_.removeOne(search)) {
+        ps_unset_search(handle_.get(), search.toUtf8().constData());
+    }
+}
+
 void Decoder::begin(const QString& search) {
     end();
     ps_set_search(handle_.get(), search.toUtf8().constData());

@@ -45,6 +45,8 @@ public:
     /// fit.
     [[nodiscard]] bool addLanguageModel(const QString& search, const QByteArray& arpa);
     [[nodiscard]] bool addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting);
+    /// One that is not there is no error. What was heard with it is gone.
+    void removeSearch(const QString& search);
 
     /// Begins an utterance; one that is going on is dropped.
     void begin(const QString& search);

@@ -24,6 +24,9 @@ struct Evidence {
     qsizetype surplusWords = 0;
     /// The reference ends with the words of the phrase.
     bool isAgreed = false;
+    /// By how much better the phrase fits than those that sound nearly the same, for each frame of the word
+    /// that parts them: small when the sound would do for either. Large where nothing sounds the same.
+    double distinction = 1000;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
@@ -34,6 +37,11 @@ struct Evidence {
 
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
+
+    /// phrase and soundAlike are of the same sound, both scored in full, and have as many words.
+    [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
+                                            std::span<const HeardSegment> soundAlike);
+    [[nodiscard]] bool isDistinct() const;
 
     /// What speaks most against the phrase, and by how much more than is asked it is there: below 0 not
     /// enough.

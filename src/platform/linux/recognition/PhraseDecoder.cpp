@@ -104,7 +104,7 @@ std::optional<Reading> PhraseDecoder::interim() {
     }
     askedFor_ = said.words;
     answer_ = vocabulary_->graph.read(said.words);
-    if (answer_ && (!answer_->isWhole || wordsOf(decodeByGrammar(said)) != said.words)) {
+    if (answer_ && !(answer_->isWhole && isHeardByGrammar(said))) {
         answer_.reset();
     }
     return answer_;
@@ -135,8 +135,11 @@ Conclusion PhraseDecoder::conclude() {
         return {};
     }
     reference_->decodeWhole(searchFor(expecting_), soundSince(said.begin));
-    const Evidence evidence =
+    Evidence evidence =
         Evidence::weigh(phrase, reference_->heard(), vocabulary_->graph.wakePhraseLength(words));
+    if (evidence.provesCommand()) {
+        evidence.distinction = distinction(said.begin, phrase);
+    }
     const Evidence::Weakest weakest = evidence.weakest();
     Conclusion conclusion;
     if (weakest.margin >= farthestMiss) {
@@ -151,6 +154,40 @@ Conclusion PhraseDecoder::conclude() {
         conclusion.reading = wakePhraseOf(words);
     }
     return conclusion;
+}
+
+bool PhraseDecoder::isHeardByGrammar(const Addressed& said) {
+    const auto phrase = decodeByGrammar(said);
+    if (wordsOf(phrase) != said.words) {
+        return false;
+    }
+    const Evidence evidence{.distinction = distinction(said.begin, phrase)};
+    return evidence.isDistinct();
+}
+
+double PhraseDecoder::distinction(AudioTime begin, std::span<const HeardSegment> phrase) {
+    const QStringList words = wordsOf(phrase);
+    const qsizetype wakeLength = vocabulary_->graph.wakePhraseLength(words);
+    const QList<QStringList> others =
+        vocabulary_->soundAlikes.value(QStringList(words.mid(wakeLength)).join(u' '));
+    if (others.isEmpty()) {
+        return Evidence().distinction;
+    }
+    PhraseGraph graph;
+    if (wakeLength > 0) {
+        graph.setWakePhrase(QString(), words.first(wakeLength));
+    }
+    for (const QStringList& other : others) {
+        graph.addPhrase(other.join(u' '), other);
+    }
+    static const QString search = QStringLiteral("sound-alikes");
+    if (!grammar_->addGrammar(search, graph, wakeLength > 0 ? Expecting::WakePhrase : Expecting::Command)) {
+        return 0;
+    }
+    grammar_->decodeWhole(search, soundSince(begin));
+    const double result = Evidence::distinguish(phrase, grammar_->heard());
+    grammar_->removeSearch(search);
+    return result;
 }
 
 bool PhraseDecoder::isBrokenOff(const Addressed& said) {

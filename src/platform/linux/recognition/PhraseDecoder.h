@@ -40,6 +40,9 @@ private:
     };
     [[nodiscard]] Addressed addressed(const std::vector<HeardSegment>& heard) const;
     [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] bool isHeardByGrammar(const Addressed& said);
+    /// How the phrase stands out from those that sound nearly the same.
+    [[nodiscard]] double distinction(AudioTime begin, std::span<const HeardSegment> phrase);
     [[nodiscard]] bool isBrokenOff(const Addressed& said);
     [[nodiscard]] std::optional<Reading> wakePhraseOf(const QStringList& words) const;
     [[nodiscard]] std::span<const std::int16_t> soundSince(AudioTime begin) const;

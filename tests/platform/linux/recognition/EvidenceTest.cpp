@@ -88,6 +88,34 @@ TEST(Evidence, WordsBeforeTheWakePhrase_AreNoDispute) {
     EXPECT_TRUE(Evidence::weigh(phrase, reference, 2).isAgreed);
 }
 
+TEST(Evidence, SoundAlikeThatFitsBetter_DisprovesTheCommandAndNotTheWakePhrase) {
+    const std::vector on = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
+                            segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
+    const std::vector off = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
+                             segment(u"click", 60, 25, -30), segment(u"off", 85, 15, -26)};
+    Evidence evidence = Evidence::weigh(on, on, 2);
+    ASSERT_TRUE(evidence.provesCommand());
+    evidence.distinction = Evidence::distinguish(on, off);
+    EXPECT_EQ(evidence.distinction, -3) << "60 less for the 20 frames of one word";
+    EXPECT_FALSE(evidence.isDistinct());
+    EXPECT_FALSE(evidence.provesCommand());
+    EXPECT_TRUE(evidence.provesWakePhrase());
+    EXPECT_EQ(evidence.weakest().what, QStringLiteral("it sounds like another command"));
+}
+
+TEST(Evidence, SoundThatFitsOneOfTwoBetter_ProvesThatOne) {
+    const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
+    const std::vector off = {segment(u"click", 60, 20, -30), segment(u"off", 80, 20, -50)};
+    EXPECT_TRUE(Evidence{.distinction = Evidence::distinguish(on, off)}.isDistinct());
+    EXPECT_FALSE(Evidence{.distinction = Evidence::distinguish(off, on)}.isDistinct());
+}
+
+TEST(Evidence, SoundAlikeThatIsNotHeardAtAll_IsNoRival) {
+    const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
+    const std::vector nothing = {segment(u"", 0, 100, -30)};
+    EXPECT_TRUE(Evidence{.distinction = Evidence::distinguish(on, nothing)}.isDistinct());
+}
+
 TEST(Evidence, NothingHeard_IsNeutral) {
     const Evidence evidence = Evidence::weigh({}, {}, 0);
     EXPECT_EQ(evidence.ofAll, 0);
