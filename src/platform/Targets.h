@@ -27,4 +27,8 @@ struct TargetList {
 /// rule. Takes up to two seconds. Main thread of a program that does nothing else. Defined once a system.
 [[nodiscard]] TargetList listTargets(const QString& wanted);
 
+/// Which program a command would go to now, as a sentence, or why to none. Takes up to two seconds. Any thread.
+/// Defined once a system.
+[[nodiscard]] QString targetInWords(const QString& wanted);
+
 } // namespace brivandel

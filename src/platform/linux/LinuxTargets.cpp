@@ -40,4 +40,16 @@ TargetList listTargets(const QString& wanted) {
     return list;
 }
 
+QString targetInWords(const QString& wanted) {
+    const TargetOutlook outlook = lookForTarget(wanted);
+    const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
+    if (standIn == nullptr) {
+        return std::get<QString>(outlook.choice);
+    }
+    const TargetName target = outlook.target();
+    const QString name = standIn->name.isEmpty() ? target.text : standIn->name;
+    return outlook.running(target) ? QStringLiteral("Commands go to %1.").arg(name)
+                                   : QStringLiteral("Commands go to %1, which is not running.").arg(name);
+}
+
 } // namespace brivandel

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <chrono>
 #include <optional>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace brivandel::script {
 
@@ -45,6 +47,23 @@ Step withBar(Step step, const QString& bar) {
     return step;
 }
 
+template <class S>
+std::chrono::milliseconds waitsIn(const std::vector<S>& body) {
+    std::chrono::milliseconds sum{0};
+    for (const S& statement : body) {
+        std::visit(
+            [&]<class Action>(const Action& action) {
+                if constexpr (requires { action.body; }) {
+                    sum += waitsIn(action.body);
+                } else if constexpr (std::is_same_v<Action, Delay>) {
+                    sum += action.duration;
+                }
+            },
+            statement.action);
+    }
+    return sum;
+}
+
 class Translation {
 public:
     Translation(const KeyTable& keys, const QString& process) : keys_(keys), process_(process) {}
@@ -61,13 +80,12 @@ public:
             }
             appendToFrontmost(translated.body, statement);
         }
-        if (!failure_ && delays_ > limits::totalDelay) {
-            fail(
-                QStringLiteral(
-                    "With the waits that the workstation’s profile puts between keys, this would take longer "
-                    "than %1 seconds.")
-                    .arg(std::chrono::duration_cast<std::chrono::seconds>(limits::totalDelay).count()),
-                {});
+        if (!failure_ && waitsIn(translated.body) > limits::totalDelay) {
+            fail(QStringLiteral(
+                     "With the waits that the workstation’s profile puts between keys, this would take "
+                     "longer than %1 seconds.")
+                     .arg(std::chrono::duration_cast<std::chrono::seconds>(limits::totalDelay).count()),
+                 {});
         }
         if (failure_) {
             return std::move(*failure_);
@@ -155,9 +173,6 @@ private:
         } else if (const auto* const key = std::get_if<KeyCode>(&statement.action)) {
             appendPress(body, *key, statement.range);
         } else {
-            if (const auto* const delay = std::get_if<Delay>(&statement.action)) {
-                delays_ += delay->duration;
-            }
             body.push_back(statement);
         }
     }
@@ -186,10 +201,7 @@ private:
     }
 
     template <class S>
-    void appendStep(std::vector<S>& body, const Step& step, SourceRange range) {
-        if (const auto* const delay = std::get_if<Delay>(&step)) {
-            delays_ += delay->duration;
-        }
+    static void appendStep(std::vector<S>& body, const Step& step, SourceRange range) {
         std::visit([&](const auto& action) { body.push_back({action, range}); }, step);
     }
 
@@ -205,7 +217,6 @@ private:
     QString frontmost_;
     /// The bar has been gone to and nothing has been pressed since: playback would be started now.
     bool startsPlaybackNext_ = false;
-    std::chrono::milliseconds delays_{0};
     std::optional<TranslationFailure> failure_;
 };
 

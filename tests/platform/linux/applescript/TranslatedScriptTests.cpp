@@ -167,6 +167,8 @@ TEST_F(TranslatedScriptTest, WaitsThatAreTogetherLongerThanAScripts_FailBeforeAn
     EXPECT_EQ(run(pressed(6)), QString());
     const auto before = actions().size();
     EXPECT_TRUE(run(pressed(7)).contains(QStringLiteral("longer than 30 seconds")));
+    EXPECT_TRUE(
+        run(QStringLiteral("delay 9\n") + pressed(5)).contains(QStringLiteral("longer than 30 seconds")));
     EXPECT_EQ(actions().size(), before);
 }
 
