@@ -92,12 +92,6 @@ class Remote:
     def set_loop(self, from_bar, to_bar):
         self._send("/loop_location", (from_bar - 1) * _SAMPLES_A_BAR, (to_bar - 1) * _SAMPLES_A_BAR)
 
-    def loop(self, on):
-        if self.loops() != on:
-            self._send("/loop_toggle")
-        # Switched on, it starts playback a moment later.
-        self.need(lambda: self.loops() == on and self.rolls() == on, "Ardour does not switch its loop")
-
     def click(self, on):
         if self.clicks() != on:
             self._send("/toggle_click")
