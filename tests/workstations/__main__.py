@@ -1,6 +1,7 @@
 """Whether a command does in a workstation what it says: script/test workstations. See docs/workstations.md."""
 
 import argparse
+import hashlib
 import json
 import sys
 import tempfile
@@ -13,6 +14,8 @@ from desktop import Window
 from failure import Failure
 from program import Program
 from trial import Result
+
+_PROFILES = Path(__file__).parents[2] / "resources/workstations"
 
 # Said aloud; the others are handed in as transcripts. They are of every kind: a place, a switch, a recording, a number.
 _SPOKEN = {"play", "stop", "click on", "go to start", "start recording", "stop recording", "go to bar 25"}
@@ -46,12 +49,19 @@ def try_ardour(given, folder):
         return ardour, results, problems
 
 
-def note(path, name, version, results):
+def digest(profile):
+    """Of its lines, but for comments and what it says of its trials: what is seen holds for these keys and no others."""
+    lines = [line.strip() for line in profile.read_text().split("\n")]
+    kept = "".join(f"{line}\n" for line in lines if not line.startswith(("//", '"tried"')))
+    return hashlib.sha256(kept.encode()).hexdigest()
+
+
+def note(path, name, version, profile, results):
     """What docs/workstations.md says of this workstation is made from this."""
     seen = {result.trial.command: {"outcome": result.trial.outcome, "seen by": result.trial.seen_by,
                                    "spoken": result.by_voice} for result in results}
     path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_text(json.dumps({"workstation": name, "version": version, "commands": seen}, indent=2) + "\n")
+    path.write_text(json.dumps({"workstation": name, "version": version, "profile": profile, "commands": seen}, indent=2) + "\n")
 
 
 def arguments():
@@ -78,7 +88,7 @@ def main():
           f"{len(problems)} checks of the guard failed.")
     if failed or problems:
         return 1
-    note(given.results / "ardour.json", ardour.name, ardour.version(), results)
+    note(given.results / "ardour.json", ardour.name, ardour.version(), digest(_PROFILES / "ardour.json"), results)
     return 0
 
 

@@ -119,24 +119,47 @@ Press pressIn(const PlacedJson::Member& entry) {
     throw Fault{entry.keyOffset, QStringLiteral("a wait cannot be replaced")};
 }
 
-Steps stepsIn(const PlacedJson& json, BarNumber barNumber = BarNumber::Unknown) {
-    if (std::holds_alternative<QString>(json.value)) {
-        return {stepIn(textIn(json), json.offset, barNumber)};
+/// Counts what a list of steps asks for, and faults the one with which it is too much.
+class Bounds {
+public:
+    void take(const Step& step, std::size_t offset) {
+        if (const auto* const delay = std::get_if<script::Delay>(&step)) {
+            waits_ += delay->duration;
+        } else if (const auto* const keystroke = std::get_if<script::Keystroke>(&step)) {
+            typedLength_ += keystroke->text.size();
+        }
+        if (++stepCount_ > maxStepCount) {
+            throw Fault{offset, QStringLiteral("this is more than %1 steps").arg(maxStepCount)};
+        }
+        if (waits_ > maxWaits) {
+            throw Fault{offset, QStringLiteral("with this the waits are longer than %1 seconds together")
+                                    .arg(maxWaits.count())};
+        }
+        if (typedLength_ > script::limits::keystrokeLength) {
+            throw Fault{offset, QStringLiteral("with this more than %1 characters are typed")
+                                    .arg(script::limits::keystrokeLength)};
+        }
     }
+
+private:
+    std::size_t stepCount_ = 0;
+    std::chrono::milliseconds waits_{0};
+    qsizetype typedLength_ = 0;
+};
+
+Steps stepsIn(const PlacedJson& json, BarNumber barNumber = BarNumber::Unknown) {
     Steps steps;
-    std::chrono::milliseconds waits{0};
-    for (const PlacedJson& line : arrayIn(json)) {
+    Bounds bounds;
+    const auto take = [&](const PlacedJson& line) {
         steps.push_back(stepIn(textIn(line), line.offset, barNumber));
-        if (const auto* const delay = std::get_if<script::Delay>(&steps.back())) {
-            waits += delay->duration;
-        }
-        if (steps.size() > maxStepCount) {
-            throw Fault{line.offset, QStringLiteral("this is more than %1 steps").arg(maxStepCount)};
-        }
-        if (waits > maxWaits) {
-            throw Fault{line.offset, QStringLiteral("with this the waits are longer than %1 seconds together")
-                                         .arg(maxWaits.count())};
-        }
+        bounds.take(steps.back(), line.offset);
+    };
+    if (std::holds_alternative<QString>(json.value)) {
+        take(json);
+        return steps;
+    }
+    for (const PlacedJson& line : arrayIn(json)) {
+        take(line);
     }
     if (steps.empty()) {
         throw Fault{json.offset,

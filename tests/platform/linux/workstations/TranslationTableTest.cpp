@@ -4,6 +4,7 @@
 #include "platform/linux/applescript/ScriptTranslation.h"
 #include "platform/linux/workstations/KnownWorkstations.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -86,6 +87,20 @@ QString pressesOf(const QString& source, const KeyTable& keys) {
     return Presses(std::get<Script>(translated)).text();
 }
 
+/// Of a profile's lines, but for comments and what it says of its trials.
+QString digestOf(const QString& profilePath) {
+    QFile file(profilePath);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(profilePath);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QByteArray text = line.trimmed();
+        if (!text.startsWith("//") && !text.startsWith("\"tried\"")) {
+            hash.addData(text + '\n');
+        }
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
 /// What was seen of a workstation's commands when they were last tried there.
 class Sightings {
 public:
@@ -96,6 +111,9 @@ public:
             commands_ = sightings.value(QStringLiteral("commands")).toObject();
             version_ = sightings.value(QStringLiteral("version")).toString();
             EXPECT_FALSE(commands_.isEmpty() || version_.isEmpty()) << qPrintable(file.fileName());
+            EXPECT_EQ(sightings.value(QStringLiteral("profile")).toString(), digestOf(profilePath))
+                << qPrintable(profilePath)
+                << " has changed since it was tried: script/test workstations tries it again";
         }
     }
     [[nodiscard]] QString version() const {

@@ -125,6 +125,11 @@ TEST(WorkstationProfile, WaitsAndSteps_AreBounded) {
     EXPECT_EQ(toldOf(R"("keys": {"key code 1": ["delay 5", "key code 2"]})"), "0:0: there is no fault");
     EXPECT_EQ(toldOf(R"("keys": {"key code 1": ["delay 5", "key code 2", "delay 0.1"]})"),
               "2:50: with this the waits are longer than 5 seconds together");
+    EXPECT_EQ(toldOf(R"("keys": {"key code 1": "delay 5.1"})"),
+              "2:24: with this the waits are longer than 5 seconds together");
+    const QByteArray typed = "\"keystroke \\\"" + QByteArray(200, 'a') + "\\\"\"";
+    EXPECT_TRUE(toldOf("\"keys\": {\"key code 1\": [" + typed + ", " + typed + "]}")
+                    .ends_with(": with this more than 256 characters are typed"));
     const QByteArray steps = QByteArray(R"("key code 1", )").repeated(32) + R"("key code 2")";
     EXPECT_TRUE(
         toldOf("\"keys\": {\"key code 1\": [" + steps + "]}").ends_with(": this is more than 32 steps"));
