@@ -18,6 +18,7 @@
 #include <QLocale>
 
 #include <chrono>
+#include <utility>
 
 namespace brivandel {
 
@@ -37,7 +38,8 @@ const auto launchedBeforeKey = QStringLiteral("hasLaunchedBefore");
 } // namespace
 
 AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                         const QString& lastFailurePath, std::optional<Appearance> forcedAppearance)
+                         const QString& lastFailurePath, std::function<QString()> target,
+                         std::optional<Appearance> forcedAppearance)
     : platform_(platform)
     , desktop_(desktop)
     , voiceController_(voiceController)
@@ -47,6 +49,7 @@ AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& 
                            std::chrono::floor<std::chrono::milliseconds>(queue.wallTime().time_since_epoch());
                        return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
                    })
+    , targetWatch_(*platform.mainQueue, *platform.workQueue, std::move(target))
     , phraseAdvice_(voiceController, {*platform.mainQueue, *platform.workQueue, platform.pronunciations})
     , spokenTrial_(voiceController, platform)
     , forcedAppearance_(forcedAppearance)
@@ -65,6 +68,8 @@ void AppDelegate::applicationDidFinishLaunching() {
         updateMenu();
     });
     connect(&lastFailure_, &LastFailure::changed, this, &AppDelegate::updateToolTip);
+    connect(&targetWatch_, &TargetWatch::changed, this, &AppDelegate::updateToolTip);
+    targetWatch_.begin();
     makePopover();
     setupMenu();
 
@@ -165,6 +170,9 @@ void AppDelegate::updateMenuIcon() {
 void AppDelegate::updateToolTip() {
     QString text = voiceController_.isListening() ? QStringLiteral("Brivandel is listening")
                                                   : QStringLiteral("Brivandel is not listening");
+    if (!targetWatch_.sentence().isEmpty()) {
+        text += u'\n' + targetWatch_.sentence();
+    }
     // The status message of a failure stands only until the next session starts.
     if (const auto& failure = lastFailure_.record()) {
         text +=

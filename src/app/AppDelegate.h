@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LaunchRequest.h"
+#include "app/TargetWatch.h"
 #include "listening/LastFailure.h"
 #include "listening/LivePhraseAdvice.h"
 #include "listening/SpokenTrial.h"
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -30,9 +32,11 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 public:
     /// What the shell stands on must outlive it. lastFailurePath: the file that keeps the last failure over
-    /// the end of the program. forcedAppearance: light or dark whatever the desktop says.
+    /// the end of the program. target: as TargetWatch asks it. forcedAppearance: light or dark whatever the
+    /// desktop says.
     AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                const QString& lastFailurePath, std::optional<Appearance> forcedAppearance = {});
+                const QString& lastFailurePath, std::function<QString()> target,
+                std::optional<Appearance> forcedAppearance = {});
     ~AppDelegate() override;
 
     /// Once, when the event loop is about to run.
@@ -70,6 +74,7 @@ private:
     Desktop& desktop_;
     VoiceController& voiceController_;
     LastFailure lastFailure_;
+    TargetWatch targetWatch_;
     LivePhraseAdvice phraseAdvice_;
     SpokenTrial spokenTrial_;
     std::optional<Appearance> forcedAppearance_;

@@ -20,7 +20,10 @@ struct TargetsOptions {
 
 void printJson(const Target& target, std::ostream& out) {
     nlohmann::ordered_json line = {
-        {"name", target.name.toStdString()}, {"running", target.isRunning}, {"chosen", target.isChosen}};
+        {"name", target.name.toStdString()}, {"running", nullptr}, {"chosen", target.isChosen}};
+    if (target.isRunning) {
+        line["running"] = *target.isRunning;
+    }
     if (!target.profile.isEmpty()) {
         line["profile"] = target.profile.toStdString();
     }
@@ -31,7 +34,9 @@ void printJson(const Target& target, std::ostream& out) {
 }
 
 void print(const Target& target, qsizetype nameWidth, std::ostream& out) {
-    const QString running = target.isRunning ? QStringLiteral("running") : QStringLiteral("–");
+    const QString running = !target.isRunning   ? QStringLiteral("?")
+                            : *target.isRunning ? QStringLiteral("running")
+                                                : QStringLiteral("–");
     const QString profile =
         target.profile.isEmpty() ? QStringLiteral("the keys of Logic Pro") : target.profile;
     out << (target.isChosen ? "* " : "  ") << target.name.leftJustified(nameWidth).toStdString() << "  "

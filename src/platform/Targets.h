@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace brivandel {
@@ -10,10 +11,10 @@ namespace brivandel {
 /// A program that can stand for "Logic Pro", or Logic Pro itself.
 struct Target {
     QString name;
-    bool isRunning = false;
-    bool isChosen = false; ///< a command would go to it now
-    QString profile;       ///< the file that has its keys; empty: it is sent the keys as scripts have them
-    QString tried;         ///< how far its keys were tried, as a sentence; empty when nobody says
+    std::optional<bool> isRunning; ///< none: it cannot be told here
+    bool isChosen = false;         ///< a command would go to it now
+    QString profile; ///< the file that has its keys; empty: it is sent the keys as scripts have them
+    QString tried;   ///< how far its keys were tried, as a sentence; empty when nobody says
 };
 
 struct TargetList {
@@ -25,5 +26,9 @@ struct TargetList {
 /// Every target that is known here. wanted: which program stands for "Logic Pro"; empty: the platform's own
 /// rule. Takes up to two seconds. Main thread of a program that does nothing else. Defined once a system.
 [[nodiscard]] TargetList listTargets(const QString& wanted);
+
+/// Which program a command would go to now, as a sentence, or why to none. Takes up to two seconds. Any thread.
+/// Defined once a system.
+[[nodiscard]] QString targetInWords(const QString& wanted);
 
 } // namespace brivandel

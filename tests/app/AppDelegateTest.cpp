@@ -63,7 +63,8 @@ protected:
     ScriptedDesktop scripted = makeScriptedDesktop();
     QTemporaryDir folder;
     AppDelegate delegate{*listening.scripted.platform, *scripted.desktop, listening.controller,
-                         folder.filePath(QStringLiteral("last-failure.json"))};
+                         folder.filePath(QStringLiteral("last-failure.json")),
+                         [] { return QStringLiteral("Commands go to a workstation."); }};
 };
 
 TEST_F(AppDelegateTest, FirstLaunch_ShowsTheWalkthroughAndRemembers) {

@@ -33,6 +33,19 @@ TEST_F(DoctorTest, NothingThere_IsMissingAndSaysWhatToDo) {
     EXPECT_THAT(result.out, HasSubstr("– last failure    none\n"));
 }
 
+TEST_F(DoctorTest, NoDisplay_ProfilesAreLookedAtAndNothingIsSaidToRun) {
+    static_cast<void>(
+        writeFile(QStringLiteral("config/brivandel/workstations/mine.json"), "{\n  \"nam\": 1}"));
+    EXPECT_THAT(run({"doctor"}).out, HasSubstr("mine.json:2:3: \"nam\" means nothing here"));
+
+    const CommandLineResult targets = run({"targets", "--json"});
+    EXPECT_THAT(targets.err, HasSubstr("mine.json:2:3: \"nam\" means nothing here"));
+    EXPECT_THAT(targets.err, HasSubstr("There is no X display to send keys to"));
+    EXPECT_THAT(targets.out, HasSubstr(R"({"name":"Ardour","running":null,"chosen":false,)"));
+    EXPECT_THAT(targets.out, Not(HasSubstr(R"("chosen":true)")));
+    EXPECT_THAT(run({"targets"}).out, HasSubstr("  ?"));
+}
+
 TEST_F(DoctorTest, FailureNoted_IsShownWithItsTimeAndWithoutAMark) {
     noteFailure(R"({"text": "Error: Not allowed.", "when": "2026-11-15T23:22:41Z"})");
     EXPECT_THAT(run({"doctor"}).out,

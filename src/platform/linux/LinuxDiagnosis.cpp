@@ -1,13 +1,11 @@
 #include "platform/Diagnosis.h"
-#include "platform/linux/TargetSetting.h"
+#include "platform/linux/TargetChoice.h"
 #include "platform/linux/audio/PulseAudioContext.h"
 #include "platform/linux/audio/PulseAudioEngine.h"
 #include "platform/linux/desktop/DesktopInquiry.h"
 #include "platform/linux/desktop/SystemTray.h"
 #include "platform/linux/keys/X11KeySender.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
-#include "platform/linux/workstations/RunningWorkstations.h"
-#include "platform/linux/workstations/WorkstationChoice.h"
 
 #include <algorithm>
 #include <atomic>
@@ -149,14 +147,10 @@ void lookAtProfiles(std::vector<Finding>& findings, const KnownWorkstations& kno
     }
 }
 
-void lookAtKeys(std::vector<Finding>& findings, const TargetSetting& setting) {
-    const KnownWorkstations known = readKnownWorkstations();
-    const auto choice = WorkstationChoice(setting.name, known).choose(RunningWorkstations());
-    const auto* const standIn = std::get_if<StandIn>(&choice);
-    const TargetName wanted = standIn == nullptr || standIn->target.text.isEmpty()
-                                  ? TargetName{QStringLiteral("Logic Pro")}
-                                  : standIn->target;
-    const KeySenderReport report = X11KeySender().report(wanted);
+void lookAtKeys(std::vector<Finding>& findings, const QString& wanted) {
+    const TargetOutlook outlook = lookForTarget(wanted);
+    lookAtProfiles(findings, outlook.known);
+    const KeySenderReport report = X11KeySender().report(outlook.target());
     const QString display = QStringLiteral("display");
     if (!report.problem.isEmpty()) {
         findings.push_back({display, State::Missing, report.problem,
@@ -170,13 +164,13 @@ void lookAtKeys(std::vector<Finding>& findings, const TargetSetting& setting) {
                       QStringLiteral(
                           "start one: without it, windows cannot be brought to the front properly")}
             : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
-    lookAtProfiles(findings, known);
-    if (standIn == nullptr) {
-        findings.push_back({QStringLiteral("target"), State::Wanting, std::get<QString>(choice),
+    const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
+    if (standIn == nullptr && outlook.setting.problem.isEmpty()) {
+        findings.push_back({QStringLiteral("target"), State::Wanting, std::get<QString>(outlook.choice),
                             QStringLiteral("or end all but one")});
         return;
     }
-    Finding target = lookAtTarget(report.target, wanted, setting);
+    Finding target = lookAtTarget(report.target, outlook.target(), outlook.setting);
     if (target.state == State::Well && standIn->keys) {
         target.detail += QStringLiteral(", in the keys of its profile");
     }
@@ -211,7 +205,7 @@ void lookAtDesktop(std::vector<Finding>& findings) {
 std::vector<Finding> diagnose(const DiagnosisOptions& options) {
     std::vector<Finding> findings = {recogniser()};
     lookAtSound(findings, options.inputDeviceUID);
-    lookAtKeys(findings, targetSetting({options.target}));
+    lookAtKeys(findings, options.target);
     lookAtDesktop(findings);
     return findings;
 }

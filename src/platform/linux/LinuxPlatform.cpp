@@ -1,5 +1,5 @@
 #include "platform/PlatformFactory.h"
-#include "platform/linux/TargetSetting.h"
+#include "platform/linux/TargetChoice.h"
 #include "platform/linux/applescript/LinuxScriptHost.h"
 #include "platform/linux/audio/PulseAudioContext.h"
 #include "platform/linux/audio/PulseAudioDevices.h"
@@ -16,7 +16,6 @@
 #include "platform/linux/recognition/ModelFiles.h"
 #include "platform/linux/recognition/OfflineSpeechRecognition.h"
 #include "platform/linux/recognition/RecognitionProblems.h"
-#include "platform/linux/workstations/WorkstationChoice.h"
 #include "platform/qt/LogFile.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/ThreadWorkQueue.h"
@@ -87,16 +86,8 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    const TargetSetting setting = targetSetting(options);
-    std::unique_ptr<StandInChoice> choice;
-    if (setting.problem.isEmpty()) {
-        choice = std::make_unique<WorkstationChoice>(setting.name, readKnownWorkstations());
-    } else {
-        // Whoever named a program does not want another one to get the keys.
-        choice = std::make_unique<NoStandIn>(
-            QStringLiteral("The target's name cannot be read: %1").arg(setting.problem));
-    }
-    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), std::move(choice));
+    return std::make_unique<LinuxScriptHost>(
+        std::make_unique<X11KeySender>(), makeStandInChoice(targetSetting(options), readKnownWorkstations()));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {

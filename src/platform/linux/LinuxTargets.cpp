@@ -1,51 +1,55 @@
 #include "platform/Targets.h"
-#include "platform/linux/TargetSetting.h"
-#include "platform/linux/workstations/RunningWorkstations.h"
+#include "platform/linux/TargetChoice.h"
 #include "platform/linux/workstations/WorkstationChoice.h"
-
-#include <algorithm>
 
 namespace brivandel {
 
 TargetList listTargets(const QString& wanted) {
-    const TargetSetting setting = targetSetting({.target = wanted});
-    const KnownWorkstations known = readKnownWorkstations();
-    const RunningWorkstations isRunning;
-    // As scripts are sent: to nobody while the target's name cannot be read.
-    const std::variant<StandIn, QString> choice =
-        setting.problem.isEmpty() ? WorkstationChoice(setting.name, known).choose(isRunning)
-                                  : setting.problem;
+    const TargetOutlook outlook = lookForTarget(wanted);
+    const bool isKnownWhatRuns = outlook.running.problem().isEmpty();
+    const auto isRunning = [&](const std::optional<TargetName>& process) {
+        return isKnownWhatRuns ? std::optional(process && outlook.running(*process)) : std::nullopt;
+    };
 
     TargetList list;
-    list.problems = known.problems;
-    if (const auto* const problem = std::get_if<QString>(&choice)) {
-        list.problems += *problem;
+    list.problems = outlook.known.problems;
+    const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
+    if (standIn == nullptr) {
+        list.problems += std::get<QString>(outlook.choice);
     }
-    const auto* const standIn = std::get_if<StandIn>(&choice);
-    for (const KnownWorkstation& workstation : known.all) {
-        list.targets.push_back({.name = workstation.profile.name,
-                                .isRunning = runningProcess(workstation.profile, isRunning).has_value(),
-                                .isChosen = standIn != nullptr && standIn->keys == workstation.profile.keys,
-                                .profile = workstation.path,
-                                .tried = workstation.profile.tried});
+    for (const auto& [profile, path] : outlook.known.all) {
+        list.targets.push_back({.name = profile.name,
+                                .isRunning = isRunning(runningProcess(profile, outlook.running)),
+                                .isChosen = standIn != nullptr && standIn->keys == profile.keys,
+                                .profile = path,
+                                .tried = profile.tried});
     }
     const TargetName logicPro{QStringLiteral("Logic Pro")};
-    const TargetName chosen =
-        standIn == nullptr || standIn->target.text.isEmpty() ? logicPro : standIn->target;
     const bool isWithoutProfile = standIn != nullptr && !standIn->keys;
-    list.targets.push_back({.name = logicPro.text,
-                            .isRunning = isRunning(logicPro),
-                            .isChosen = isWithoutProfile && chosen == logicPro,
-                            .profile = {},
-                            .tried = {}});
-    if (isWithoutProfile && chosen != logicPro) {
-        list.targets.push_back({.name = chosen.text,
-                                .isRunning = isRunning(chosen),
-                                .isChosen = true,
+    const auto addWithoutProfile = [&](const TargetName& name) {
+        list.targets.push_back({.name = name.text,
+                                .isRunning = isRunning(name),
+                                .isChosen = isWithoutProfile && outlook.target() == name,
                                 .profile = {},
                                 .tried = {}});
+    };
+    addWithoutProfile(logicPro);
+    if (isWithoutProfile && outlook.target() != logicPro) {
+        addWithoutProfile(outlook.target());
     }
     return list;
+}
+
+QString targetInWords(const QString& wanted) {
+    const TargetOutlook outlook = lookForTarget(wanted);
+    const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
+    if (standIn == nullptr) {
+        return std::get<QString>(outlook.choice);
+    }
+    const TargetName target = outlook.target();
+    const QString name = standIn->name.isEmpty() ? target.text : standIn->name;
+    return outlook.running(target) ? QStringLiteral("Commands go to %1.").arg(name)
+                                   : QStringLiteral("Commands go to %1, which is not running.").arg(name);
 }
 
 } // namespace brivandel

@@ -15,4 +15,10 @@ TargetList listTargets(const QString& /*wanted*/) {
     return list;
 }
 
+QString targetInWords(const QString& /*wanted*/) {
+    return isRunning(QStringLiteral("Logic Pro"))
+               ? QStringLiteral("Commands go to Logic Pro.")
+               : QStringLiteral("Commands go to Logic Pro, which is not running.");
+}
+
 } // namespace brivandel

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -27,10 +28,20 @@ struct NothingOfTheKind {
 /// What stands in a step's text where the number of the bar is typed.
 inline constexpr QStringView barPlaceholder = u"{bar}";
 
+/// Up to which bar a workstation can be told to go.
+struct LastBar {
+    std::uint64_t number = 0;
+    /// Of a bar above it: why not, as a sentence.
+    QString beyond;
+    bool operator==(const LastBar&) const = default;
+};
+
 /// How a bar is gone to, from a workstation that has the keyboard.
 struct BarSteps {
     Steps goTo;
     Steps thenPlay;
+    /// The highest bar that the steps reach, and what to say of those above; none: they reach all.
+    std::optional<LastBar> last;
     bool operator==(const BarSteps&) const = default;
 };
 

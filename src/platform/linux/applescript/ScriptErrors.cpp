@@ -59,6 +59,12 @@ ScriptErrorDictionary keyErrorDictionary(const KeyFailure& failure, const QStrin
                                .arg(program)
                          : QStringLiteral("\"%1\" has the keyboard focus instead of \"%2\".")
                                .arg(failure.detail, program));
+    case KeyFailure::Kind::DialogOpen:
+        return error(ErrorNumber::notPermitted,
+                     QStringLiteral("A dialog of \"%1\"%2 waits for an answer, and the key would go there.")
+                         .arg(program, failure.detail.isEmpty()
+                                           ? QString()
+                                           : QStringLiteral(", “%1”,").arg(failure.detail)));
     case KeyFailure::Kind::KeyboardHeld:
         return error(
             ErrorNumber::notPermitted,

@@ -3,7 +3,9 @@
 #include "platform/linux/applescript/ScriptErrors.h"
 #include "platform/linux/applescript/ScriptTranslation.h"
 
+#include <cstdint>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -22,6 +24,31 @@ struct Program {
     QString name; ///< as people are told it
 };
 
+constexpr std::uint16_t escapeKey = 53;
+
+/// Whether all that the script does is to press Escape, which gets a person out of a dialog.
+bool onlyCancels(const Script& script) {
+    bool pressesEscape = false;
+    bool doesMore = false;
+    const auto look = [&](const auto& self, const auto& body) -> void {
+        for (const auto& statement : body) {
+            std::visit(
+                [&]<class Action>(const Action& action) {
+                    if constexpr (requires { action.body; }) {
+                        self(self, action.body);
+                    } else if constexpr (std::is_same_v<Action, KeyCode>) {
+                        (action == KeyCode{escapeKey, {}} ? pressesEscape : doesMore) = true;
+                    } else if constexpr (std::is_same_v<Action, Keystroke>) {
+                        doesMore = true;
+                    }
+                },
+                statement.action);
+        }
+    };
+    look(look, script.body);
+    return pressesEscape && !doesMore;
+}
+
 class Run {
 public:
     explicit Run(const ScriptSurroundings& surroundings)
@@ -37,6 +64,7 @@ public:
         if (Outcome error = chooseStandIn()) {
             return error;
         }
+        answersDialogs_ = onlyCancels(script);
         if (!standIn_.keys) {
             return runAll(script.body, {});
         }
@@ -58,7 +86,9 @@ private:
 
     Outcome chooseStandIn() {
         auto chosen = surroundings_.standIn.choose([this](const TargetName& name) {
-            return std::holds_alternative<KeyTarget>(session_->find(name, deadline_));
+            const auto found = session_->find(name, deadline_);
+            const auto* const target = std::get_if<KeyTarget>(&found);
+            return target == nullptr ? std::nullopt : std::optional(*target);
         });
         if (const auto* const problem = std::get_if<QString>(&chosen)) {
             return runtimeErrorDictionary(ErrorNumber::handlerFailed, systemEvents, *problem, {});
@@ -160,7 +190,21 @@ private:
 
     Outcome bringToFront(const Program& program, const QString& application, SourceRange range) {
         frontmost_ = program;
-        return failed(session_->raise(program.target, deadline_), program, application, range);
+        if (auto failure = session_->raise(program.target, deadline_)) {
+            return failed(failure, program, application, range);
+        }
+        return refuseOpenDialog(program, application, range);
+    }
+
+    /// A command is meant for the project: in a dialog that was open before it, its keys would be letters of
+    /// a name, or press a button. A dialog that the command itself opens is a step of it.
+    Outcome refuseOpenDialog(const Program& program, const QString& application, SourceRange range) const {
+        if (answersDialogs_) {
+            return std::nullopt;
+        }
+        const auto title = session_->dialogInFront(program.target, deadline_);
+        return title ? failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, application, range)
+                     : std::nullopt;
     }
 
     static Outcome failed(const std::optional<KeyFailure>& failure, const Program& program,
@@ -212,6 +256,7 @@ private:
     std::unique_ptr<KeySession> session_;
     StandIn standIn_;
     std::optional<Program> frontmost_;
+    bool answersDialogs_ = false;
 };
 
 } // namespace

@@ -1,7 +1,13 @@
 #include "platform/linux/applescript/ScriptTranslation.h"
 
+#include "platform/linux/applescript/ScriptParser.h"
+
 #include <algorithm>
+#include <chrono>
+#include <optional>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace brivandel::script {
 
@@ -10,6 +16,8 @@ namespace {
 /// The virtual key codes of the bar script: its slash opens the workstation's field, Return confirms it.
 constexpr std::uint16_t slashKey = 44;
 constexpr std::uint16_t returnKey = 36;
+/// What the bar script presses after that to start playback.
+const Press playPress = Keystroke{QStringLiteral(" "), {}};
 
 template <class T, class S>
 const T* as(const std::vector<S>& body, std::size_t index) {
@@ -39,6 +47,23 @@ Step withBar(Step step, const QString& bar) {
     return step;
 }
 
+template <class S>
+std::chrono::milliseconds waitsIn(const std::vector<S>& body) {
+    std::chrono::milliseconds sum{0};
+    for (const S& statement : body) {
+        std::visit(
+            [&]<class Action>(const Action& action) {
+                if constexpr (requires { action.body; }) {
+                    sum += waitsIn(action.body);
+                } else if constexpr (std::is_same_v<Action, Delay>) {
+                    sum += action.duration;
+                }
+            },
+            statement.action);
+    }
+    return sum;
+}
+
 class Translation {
 public:
     Translation(const KeyTable& keys, const QString& process) : keys_(keys), process_(process) {}
@@ -46,12 +71,21 @@ public:
     std::variant<Script, TranslationFailure> run(const Script& script) {
         Script translated;
         for (const TopStatement& statement : script.body) {
-            const auto* const tell = std::get_if<TellSystemEvents>(&statement.action);
-            if (tell != nullptr) {
+            if (const auto* const tell = std::get_if<TellSystemEvents>(&statement.action)) {
                 translated.body.push_back({systemEvents(*tell), statement.range});
-            } else {
-                append(translated.body, statement);
+                continue;
             }
+            if (const auto* const tell = std::get_if<TellApplication>(&statement.action)) {
+                noteActivation(*tell);
+            }
+            appendToFrontmost(translated.body, statement);
+        }
+        if (!failure_ && waitsIn(translated.body) > limits::totalDelay) {
+            fail(QStringLiteral(
+                     "With the waits that the workstation’s profile puts between keys, this would take "
+                     "longer than %1 seconds.")
+                     .arg(std::chrono::duration_cast<std::chrono::seconds>(limits::totalDelay).count()),
+                 {});
         }
         if (failure_) {
             return std::move(*failure_);
@@ -65,8 +99,9 @@ private:
         for (const SystemEventsStatement& statement : tell.body) {
             const auto* const process = std::get_if<TellProcess>(&statement.action);
             if (process == nullptr) {
-                append(translated.body, statement);
+                appendToFrontmost(translated.body, statement);
             } else if (process->process != process_) {
+                noteBlock(*process);
                 translated.body.push_back(statement);
             } else {
                 translated.body.push_back({workstation(*process), statement.range});
@@ -77,15 +112,21 @@ private:
 
     TellProcess workstation(const TellProcess& tell) {
         TellProcess translated{tell.process, {}};
+        noteBlock(tell);
         if (const auto bar = barOf(tell); bar && keys_.bar) {
             const SourceRange range = tell.body.front().range;
             if (const auto* const nothing = std::get_if<NothingOfTheKind>(&*keys_.bar)) {
                 fail(nothing->sentence, range);
                 return translated;
             }
-            goesToBar_ = true;
-            for (const Step& step : std::get<BarSteps>(*keys_.bar).goTo) {
-                append(translated.body, withBar(step, *bar), range);
+            const auto& steps = std::get<BarSteps>(*keys_.bar);
+            if (steps.last && bar->toULongLong() > steps.last->number) {
+                fail(steps.last->beyond, range);
+                return translated;
+            }
+            startsPlaybackNext_ = true;
+            for (const Step& step : steps.goTo) {
+                appendStep(translated.body, withBar(step, *bar), range);
             }
             return translated;
         }
@@ -93,6 +134,36 @@ private:
             append(translated.body, statement);
         }
         return translated;
+    }
+
+    void noteActivation(const TellApplication& tell) {
+        const bool activates = std::ranges::any_of(tell.body, [](const ApplicationStatement& statement) {
+            return std::holds_alternative<Activate>(statement.action);
+        });
+        if (activates) {
+            frontmost_ = tell.application;
+            startsPlaybackNext_ = false;
+        }
+    }
+
+    void noteBlock(const TellProcess& tell) {
+        const bool comesToFront = std::ranges::any_of(tell.body, [](const ProcessStatement& statement) {
+            return std::holds_alternative<SetFrontmost>(statement.action);
+        });
+        if (comesToFront) {
+            frontmost_ = tell.process;
+        }
+        startsPlaybackNext_ = false;
+    }
+
+    /// What stands outside a process block goes to the program that the script last brought to the front.
+    template <class S>
+    void appendToFrontmost(std::vector<S>& body, const S& statement) {
+        if (frontmost_ == process_) {
+            append(body, statement);
+        } else {
+            body.push_back(statement);
+        }
     }
 
     template <class S>
@@ -108,10 +179,9 @@ private:
 
     template <class S>
     void appendPress(std::vector<S>& body, const Press& press, SourceRange range) {
-        // After the bar the script's only press is the one that starts playback.
-        if (goesToBar_) {
+        if (std::exchange(startsPlaybackNext_, false) && press == playPress) {
             for (const Step& step : std::get<BarSteps>(*keys_.bar).thenPlay) {
-                append(body, step, range);
+                appendStep(body, step, range);
             }
             return;
         }
@@ -126,12 +196,12 @@ private:
             return;
         }
         for (const Step& step : std::get<Steps>(found->second)) {
-            append(body, step, range);
+            appendStep(body, step, range);
         }
     }
 
     template <class S>
-    static void append(std::vector<S>& body, const Step& step, SourceRange range) {
+    static void appendStep(std::vector<S>& body, const Step& step, SourceRange range) {
         std::visit([&](const auto& action) { body.push_back({action, range}); }, step);
     }
 
@@ -143,7 +213,10 @@ private:
 
     const KeyTable& keys_;
     const QString& process_;
-    bool goesToBar_ = false;
+    /// As of the statement that is being translated.
+    QString frontmost_;
+    /// The bar has been gone to and nothing has been pressed since: playback would be started now.
+    bool startsPlaybackNext_ = false;
     std::optional<TranslationFailure> failure_;
 };
 

@@ -15,8 +15,10 @@ struct TranslationFailure {
     SourceRange range;
 };
 
-/// The script with the workstation's keys: what it tells the process of that name, and what it presses
-/// outside any process block, is translated; the rest stays. The whole of it or nothing. Pure; any thread.
+/// The script with the workstation's keys: what it tells the process of that name is translated, and what it
+/// presses outside any process block while that was the last to be brought to the front; the rest stays. The
+/// whole of it or nothing; nothing, too, when its waits are then longer than any script's may be. Pure; any
+/// thread.
 [[nodiscard]] std::variant<Script, TranslationFailure> translate(const Script& script, const KeyTable& keys,
                                                                  const QString& process);
 

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <variant>
 
@@ -25,18 +26,19 @@ struct StandIn {
 /// Says who stands for "Logic Pro" at that moment. Any thread.
 class StandInChoice {
 public:
-    using IsRunning = std::function<bool(const TargetName&)>;
+    /// The program of that name, if it has a window; one program is one target under all its names.
+    using FindProgram = std::function<std::optional<KeyTarget>(const TargetName&)>;
 
     virtual ~StandInChoice() = default;
     /// The stand-in, or as a sentence why it cannot be told.
-    [[nodiscard]] virtual std::variant<StandIn, QString> choose(const IsRunning& isRunning) const = 0;
+    [[nodiscard]] virtual std::variant<StandIn, QString> choose(const FindProgram& find) const = 0;
 };
 
 /// The same always.
 class FixedStandIn final : public StandInChoice {
 public:
     explicit FixedStandIn(StandIn standIn) : standIn_(std::move(standIn)) {}
-    [[nodiscard]] std::variant<StandIn, QString> choose(const IsRunning& /*isRunning*/) const override {
+    [[nodiscard]] std::variant<StandIn, QString> choose(const FindProgram& /*find*/) const override {
         return standIn_;
     }
 
@@ -48,7 +50,7 @@ private:
 class NoStandIn final : public StandInChoice {
 public:
     explicit NoStandIn(QString reason) : reason_(std::move(reason)) {}
-    [[nodiscard]] std::variant<StandIn, QString> choose(const IsRunning& /*isRunning*/) const override {
+    [[nodiscard]] std::variant<StandIn, QString> choose(const FindProgram& /*find*/) const override {
         return reason_;
     }
 

@@ -38,6 +38,7 @@ struct KeyFailure {
         NotRunning,     ///< no program of that name has a window
         TimedOut,       ///< detail: what did not happen, as a sentence
         FocusElsewhere, ///< detail: the program that has the keyboard focus; empty when none has
+        DialogOpen,     ///< a dialog of the target waits for an answer; detail: its title
         KeyboardHeld,   ///< a menu, a screen lock or the like holds the keyboard, so that keys would go there
         NoSuchKey,      ///< detail: what cannot be pressed or typed, as a sentence
     };
@@ -48,7 +49,8 @@ struct KeyFailure {
     bool operator==(const KeyFailure&) const = default;
 };
 
-/// A program found in one session; it means nothing in another.
+/// A program found in one session; it means nothing in another. The same program is the same target, whatever
+/// name it was found by.
 struct KeyTarget {
     std::uint32_t id = 0;
     bool operator==(const KeyTarget&) const = default;
@@ -67,6 +69,9 @@ public:
                                                                    Deadline deadline) = 0;
     /// Brings a window of the target to the front and returns when it has the keyboard focus.
     [[nodiscard]] virtual std::optional<KeyFailure> raise(KeyTarget target, Deadline deadline) = 0;
+    /// The title of the target's window that has the keyboard focus, if that is a modal dialog: one that has
+    /// to be answered before the program's other windows take any key.
+    [[nodiscard]] virtual std::optional<QString> dialogInFront(KeyTarget target, Deadline deadline) = 0;
     /// Presses and releases one key, given by its macOS virtual key code. Nothing is sent unless the target
     /// has the keyboard focus at that moment.
     [[nodiscard]] virtual std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode,

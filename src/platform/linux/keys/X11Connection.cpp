@@ -25,6 +25,8 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(Atom::Count)> at
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_PING",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_MODAL",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DOCK",

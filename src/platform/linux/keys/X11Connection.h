@@ -26,6 +26,8 @@ enum class Atom : std::uint8_t {
     NetWmName,
     NetWmPid,
     NetWmPing,
+    NetWmState,
+    NetWmStateModal,
     NetWmWindowType,
     NetWmWindowTypeDesktop,
     NetWmWindowTypeDock,

@@ -61,8 +61,13 @@ std::variant<KeyTarget, KeyFailure> Session::find(const TargetName& name, Deadli
     if (!owner) {
         return KeyFailure{KeyFailure::Kind::NotRunning, {}};
     }
-    targets_.push_back(std::move(*owner));
-    return KeyTarget{.id = static_cast<std::uint32_t>(targets_.size() - 1)};
+    const auto known = std::ranges::find_if(
+        targets_, [&](const WindowOwner& target) { return Windows::isSameProgram(*owner, target); });
+    const auto index = known - targets_.begin();
+    if (known == targets_.end()) {
+        targets_.push_back(std::move(*owner));
+    }
+    return KeyTarget{.id = static_cast<std::uint32_t>(index)};
 }
 
 std::optional<KeyFailure> Session::raise(KeyTarget target, Deadline deadline) {
@@ -70,6 +75,16 @@ std::optional<KeyFailure> Session::raise(KeyTarget target, Deadline deadline) {
     auto failure = activation_.bringToFront(targets_.at(target.id), deadline);
     auto lost = connection_->lost(deadline);
     return lost ? lost : failure;
+}
+
+std::optional<QString> Session::dialogInFront(KeyTarget target, Deadline deadline) {
+    const Connection::Bound bound(*connection_, deadline);
+    const xcb_window_t focused = windows_.focusedWindow();
+    if (focused == XCB_NONE || !windows_.belongsTo(focused, targets_.at(target.id)) ||
+        !windows_.isModal(focused)) {
+        return std::nullopt;
+    }
+    return windows_.titleOf(focused);
 }
 
 std::optional<KeyFailure> Session::pressKey(KeyTarget target, std::uint16_t virtualKeyCode,

@@ -93,7 +93,7 @@ xcb_window_t Windows::focusedWindow() const {
 
 bool Windows::belongsTo(xcb_window_t window, const WindowOwner& target) const {
     for (int depth = 0; depth < maxTransientDepth && window != XCB_NONE; ++depth) {
-        if (window == target.window || isSameProgram(ownerOf(window), target)) {
+        if (isSameProgram(ownerOf(window), target)) {
             return true;
         }
         const auto parent = connection_.property32(window, XCB_ATOM_WM_TRANSIENT_FOR);
@@ -102,12 +102,19 @@ bool Windows::belongsTo(xcb_window_t window, const WindowOwner& target) const {
     return false;
 }
 
-bool Windows::isSameProgram(const WindowOwner& owner, const WindowOwner& target) const {
-    if (owner.pid != 0 && owner.pid == target.pid) {
+bool Windows::isSameProgram(const WindowOwner& owner, const WindowOwner& target) {
+    if (owner.window == target.window || (owner.pid != 0 && owner.pid == target.pid)) {
         return true;
     }
     return owner.clientLeader != XCB_NONE && owner.clientLeader == target.clientLeader &&
            !owner.className.isEmpty() && owner.className == target.className;
+}
+
+/// Programs say so themselves, and window managers keep it.
+bool Windows::isModal(xcb_window_t window) const {
+    constexpr std::uint32_t maxStateCount = 32;
+    const auto states = connection_.property32(window, connection_.atom(Atom::NetWmState), maxStateCount);
+    return std::ranges::find(states, connection_.atom(Atom::NetWmStateModal)) != states.end();
 }
 
 WindowOwner Windows::ownerOf(xcb_window_t window) const {

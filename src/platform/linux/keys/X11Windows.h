@@ -45,6 +45,11 @@ public:
     /// of these.
     [[nodiscard]] bool belongsTo(xcb_window_t window, const WindowOwner& target) const;
 
+    /// Whether it has to be answered before other windows of its program take any key.
+    [[nodiscard]] bool isModal(xcb_window_t window) const;
+    /// The same process, or without one the same window or group of windows.
+    [[nodiscard]] static bool isSameProgram(const WindowOwner& owner, const WindowOwner& target);
+
     [[nodiscard]] WindowOwner ownerOf(xcb_window_t window) const;
     [[nodiscard]] QString titleOf(xcb_window_t window) const;
     /// None without a window manager.
@@ -56,7 +61,6 @@ private:
     [[nodiscard]] std::vector<xcb_window_t> programWindows() const;
     [[nodiscard]] bool isForUse(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t programWindowAround(xcb_window_t window) const;
-    [[nodiscard]] bool isSameProgram(const WindowOwner& owner, const WindowOwner& target) const;
     [[nodiscard]] qint64 pidOf(xcb_window_t window) const;
 
     Connection& connection_;

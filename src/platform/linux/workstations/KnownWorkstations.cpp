@@ -58,33 +58,27 @@ QString shippedWorkstationsFolder() {
 }
 
 KnownWorkstations readKnownWorkstations(const QString& ownFolder, const QString& shippedFolder) {
-    const QStringList own = profilesIn(ownFolder);
-    const QStringList shipped = profilesIn(shippedFolder);
-    QStringList names = own + shipped;
-    names.sort();
-    names.removeDuplicates();
-
+    QStringList shipped = profilesIn(shippedFolder);
     KnownWorkstations known;
-    for (const QString& name : std::as_const(names)) {
-        const QString shippedPath = shippedFolder + u'/' + name;
-        if (own.contains(name)) {
-            const QString path = ownFolder + u'/' + name;
-            auto read = readProfile(path);
-            if (auto* const profile = std::get_if<WorkstationProfile>(&read)) {
-                known.all.push_back({std::move(*profile), path});
-                continue;
-            }
+    for (const QString& name : profilesIn(ownFolder)) {
+        const QString path = ownFolder + u'/' + name;
+        auto read = readProfile(path);
+        if (auto* const profile = std::get_if<WorkstationProfile>(&read)) {
+            known.all.push_back({std::move(*profile), path});
+            shipped.removeOne(name);
+        } else {
             known.problems += std::get<QString>(read) +
                               (shipped.contains(name) ? QStringLiteral("; the shipped one is used instead")
                                                       : QStringLiteral("; it is left out"));
         }
-        if (shipped.contains(name)) {
-            auto read = readProfile(shippedPath);
-            if (auto* const profile = std::get_if<WorkstationProfile>(&read)) {
-                known.all.push_back({std::move(*profile), shippedPath});
-            } else {
-                known.problems += std::get<QString>(read);
-            }
+    }
+    for (const QString& name : std::as_const(shipped)) {
+        const QString path = shippedFolder + u'/' + name;
+        auto read = readProfile(path);
+        if (auto* const profile = std::get_if<WorkstationProfile>(&read)) {
+            known.all.push_back({std::move(*profile), path});
+        } else {
+            known.problems += std::get<QString>(read);
         }
     }
     return known;

@@ -17,12 +17,13 @@ struct KnownWorkstation {
 
 /// Every workstation that has a profile.
 struct KnownWorkstations {
-    /// In the order of their files' names.
+    /// The user's own first, then those that come with the program, each in the order of their files' names:
+    /// where two fit one program or one name, the first of them goes.
     std::vector<KnownWorkstation> all;
     /// What is wrong with files, each with file, line and column, and what is used instead.
     QStringList problems;
 
-    /// The one that goes by that name, if one does.
+    /// The first that goes by that name, if one does.
     [[nodiscard]] const KnownWorkstation* called(const QString& name) const;
 };
 

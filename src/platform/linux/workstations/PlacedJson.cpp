@@ -51,7 +51,9 @@ public:
     bool null() override { return put({PlacedJson::Other(), startOfWord()}); }
     bool boolean(bool /*value*/) override { return null(); }
     bool number_integer(number_integer_t /*value*/) override { return null(); }
-    bool number_unsigned(number_unsigned_t /*value*/) override { return null(); }
+    bool number_unsigned(number_unsigned_t value) override {
+        return put({PlacedJson::Number{value}, startOfWord()});
+    }
     bool number_float(number_float_t /*value*/, const string_t& /*digits*/) override { return null(); }
     bool binary(binary_t& /*value*/) override { return null(); }
     bool string(string_t& value) override { return put({QString::fromStdString(value), startOfString()}); }

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -21,11 +22,12 @@ struct TextFault {
 /// A JSON value that knows where it stands, so that a fault of its meaning can be told by its place.
 struct PlacedJson {
     struct Member;
-    struct Other {}; ///< a number, true, false, null
+    struct Other {}; ///< true, false, null, a number that is none of the following
+    using Number = std::uint64_t;
     using Array = std::vector<PlacedJson>;
     using Object = std::vector<Member>;
 
-    std::variant<Other, QString, Array, Object> value;
+    std::variant<Other, QString, Number, Array, Object> value;
     /// Its first byte in the text, from 0.
     std::size_t offset = 0;
 };

@@ -11,11 +11,18 @@ RunningWorkstations::RunningWorkstations(std::chrono::milliseconds patience)
     auto opened = X11KeySender().openSession(deadline_);
     if (auto* const session = std::get_if<std::unique_ptr<KeySession>>(&opened)) {
         session_ = std::move(*session);
+    } else {
+        problem_ = std::get<KeyFailure>(opened).detail;
     }
 }
 
-bool RunningWorkstations::operator()(const TargetName& name) const {
-    return session_ && std::holds_alternative<KeyTarget>(session_->find(name, deadline_));
+std::optional<KeyTarget> RunningWorkstations::operator()(const TargetName& name) const {
+    if (!session_) {
+        return std::nullopt;
+    }
+    const auto found = session_->find(name, deadline_);
+    const auto* const target = std::get_if<KeyTarget>(&found);
+    return target == nullptr ? std::nullopt : std::optional(*target);
 }
 
 } // namespace brivandel

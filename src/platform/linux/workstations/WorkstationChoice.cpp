@@ -1,7 +1,9 @@
 #include "platform/linux/workstations/WorkstationChoice.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace brivandel {
 
@@ -18,7 +20,7 @@ WorkstationChoice::WorkstationChoice(TargetName named, KnownWorkstations known)
     : named_(std::move(named))
     , known_(std::move(known)) {}
 
-std::variant<StandIn, QString> WorkstationChoice::choose(const IsRunning& isRunning) const {
+std::variant<StandIn, QString> WorkstationChoice::choose(const FindProgram& find) const {
     if (!named_.text.isEmpty()) {
         StandIn standIn{named_, {}, {}};
         const KnownWorkstation* const known =
@@ -26,20 +28,26 @@ std::variant<StandIn, QString> WorkstationChoice::choose(const IsRunning& isRunn
         if (known != nullptr) {
             standIn.keys = known->profile.keys;
             // Its profile may know it under a name that the display has, when the user's word is another.
-            if (!isRunning(named_)) {
-                standIn.target = runningProcess(known->profile, isRunning).value_or(named_);
+            if (!find(named_)) {
+                standIn.target = runningProcess(known->profile, find).value_or(named_);
                 standIn.name = named_.text;
             }
         }
         return standIn;
     }
     std::vector<StandIn> running;
-    if (isRunning(TargetName{workstation()})) {
-        running.push_back({TargetName{workstation()}, {}, {}});
-    }
+    std::vector<KeyTarget> programs;
+    const auto add = [&](StandIn standIn) {
+        const auto program = find(standIn.target);
+        if (program && std::ranges::find(programs, *program) == programs.end()) {
+            programs.push_back(*program);
+            running.push_back(std::move(standIn));
+        }
+    };
+    add({TargetName{workstation()}, {}, {}});
     for (const KnownWorkstation& known : known_.all) {
-        if (auto process = runningProcess(known.profile, isRunning)) {
-            running.push_back({*std::move(process), known.profile.name, known.profile.keys});
+        if (auto process = runningProcess(known.profile, find)) {
+            add({*std::move(process), known.profile.name, known.profile.keys});
         }
     }
     if (running.empty()) {
@@ -59,9 +67,9 @@ std::variant<StandIn, QString> WorkstationChoice::choose(const IsRunning& isRunn
 }
 
 std::optional<TargetName> runningProcess(const WorkstationProfile& profile,
-                                         const StandInChoice::IsRunning& isRunning) {
+                                         const StandInChoice::FindProgram& find) {
     for (const QString& process : profile.processes) {
-        if (const TargetName name{process}; isRunning(name)) {
+        if (const TargetName name{process}; find(name)) {
             return name;
         }
     }

@@ -3,6 +3,7 @@
 #include "platform/linux/applescript/ScriptParser.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -15,6 +16,10 @@ using script::Step;
 using script::Steps;
 
 namespace {
+
+/// What replaces one press; the longest of those shipped has six steps and waits for 0.4 seconds.
+constexpr std::size_t maxStepCount = 32;
+constexpr std::chrono::seconds maxWaits{5};
 
 /// A fault found; unwinds to parseWorkstationProfile() and no further.
 struct Fault {
@@ -67,8 +72,16 @@ void allowOnly(const PlacedJson& json, const QStringList& keys) {
     }
 }
 
+/// Whether a step may type the number of a bar.
+enum class BarNumber : bool { Unknown, Known };
+
+bool typesBar(const Step& step) {
+    const auto* const keystroke = std::get_if<script::Keystroke>(&step);
+    return keystroke != nullptr && keystroke->text.contains(script::barPlaceholder);
+}
+
 /// One line of a script: a press, or a wait.
-Step stepIn(const QString& line, std::size_t offset) {
+Step stepIn(const QString& line, std::size_t offset, BarNumber barNumber = BarNumber::Unknown) {
     const auto parsed = script::parseScript(line);
     if (const auto* const error = std::get_if<script::ScriptSyntaxError>(&parsed)) {
         throw Fault{offset, QStringLiteral("`%1` is no key press: %2").arg(line, error->message)};
@@ -87,6 +100,11 @@ Step stepIn(const QString& line, std::size_t offset) {
     if (!step) {
         throw Fault{offset, QStringLiteral("`%1` is not one key press").arg(line)};
     }
+    if (barNumber == BarNumber::Unknown && typesBar(*step)) {
+        throw Fault{
+            offset,
+            QStringLiteral("%1 stands for a number only under \"bar\", \"go\"").arg(script::barPlaceholder)};
+    }
     return *step;
 }
 
@@ -101,13 +119,47 @@ Press pressIn(const PlacedJson::Member& entry) {
     throw Fault{entry.keyOffset, QStringLiteral("a wait cannot be replaced")};
 }
 
-Steps stepsIn(const PlacedJson& json) {
-    if (std::holds_alternative<QString>(json.value)) {
-        return {stepIn(textIn(json), json.offset)};
+/// Counts what a list of steps asks for, and faults the one with which it is too much.
+class Bounds {
+public:
+    void take(const Step& step, std::size_t offset) {
+        if (const auto* const delay = std::get_if<script::Delay>(&step)) {
+            waits_ += delay->duration;
+        } else if (const auto* const keystroke = std::get_if<script::Keystroke>(&step)) {
+            typedLength_ += keystroke->text.size();
+        }
+        if (++stepCount_ > maxStepCount) {
+            throw Fault{offset, QStringLiteral("this is more than %1 steps").arg(maxStepCount)};
+        }
+        if (waits_ > maxWaits) {
+            throw Fault{offset, QStringLiteral("with this the waits are longer than %1 seconds together")
+                                    .arg(maxWaits.count())};
+        }
+        if (typedLength_ > script::limits::keystrokeLength) {
+            throw Fault{offset, QStringLiteral("with this more than %1 characters are typed")
+                                    .arg(script::limits::keystrokeLength)};
+        }
     }
+
+private:
+    std::size_t stepCount_ = 0;
+    std::chrono::milliseconds waits_{0};
+    qsizetype typedLength_ = 0;
+};
+
+Steps stepsIn(const PlacedJson& json, BarNumber barNumber = BarNumber::Unknown) {
     Steps steps;
+    Bounds bounds;
+    const auto take = [&](const PlacedJson& line) {
+        steps.push_back(stepIn(textIn(line), line.offset, barNumber));
+        bounds.take(steps.back(), line.offset);
+    };
+    if (std::holds_alternative<QString>(json.value)) {
+        take(json);
+        return steps;
+    }
     for (const PlacedJson& line : arrayIn(json)) {
-        steps.push_back(stepIn(textIn(line), line.offset));
+        take(line);
     }
     if (steps.empty()) {
         throw Fault{json.offset,
@@ -128,18 +180,29 @@ std::optional<NothingOfTheKind> nothingIn(const PlacedJson& json) {
     return NothingOfTheKind{textIn(*sentence)};
 }
 
-bool typesBar(const Step& step) {
-    const auto* const keystroke = std::get_if<script::Keystroke>(&step);
-    return keystroke != nullptr && keystroke->text.contains(script::barPlaceholder);
+std::optional<script::LastBar> lastBarIn(const PlacedJson& json) {
+    const PlacedJson* const last = member(json, u"last");
+    const PlacedJson* const beyond = member(json, u"beyond");
+    if (last == nullptr && beyond == nullptr) {
+        return std::nullopt;
+    }
+    const PlacedJson& number = neededMember(json, QStringLiteral("last"));
+    const auto* const bar = std::get_if<PlacedJson::Number>(&number.value);
+    if (bar == nullptr || *bar == 0) {
+        throw Fault{number.offset, QStringLiteral("the number of a bar belongs here, as in 999")};
+    }
+    return script::LastBar{*bar, textIn(neededMember(json, QStringLiteral("beyond")))};
 }
 
 std::variant<BarSteps, NothingOfTheKind> barIn(const PlacedJson& json) {
     if (auto nothing = nothingIn(json)) {
         return *std::move(nothing);
     }
-    allowOnly(json, {QStringLiteral("go"), QStringLiteral("play")});
+    allowOnly(json, {QStringLiteral("go"), QStringLiteral("play"), QStringLiteral("last"),
+                     QStringLiteral("beyond")});
     const PlacedJson& go = neededMember(json, QStringLiteral("go"));
-    BarSteps bar{stepsIn(go), stepsIn(neededMember(json, QStringLiteral("play")))};
+    BarSteps bar{stepsIn(go, BarNumber::Known), stepsIn(neededMember(json, QStringLiteral("play"))),
+                 lastBarIn(json)};
     if (std::ranges::none_of(bar.goTo, typesBar)) {
         throw Fault{go.offset, QStringLiteral("no step types %1").arg(script::barPlaceholder)};
     }

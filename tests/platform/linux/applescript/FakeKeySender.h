@@ -41,6 +41,8 @@ class FakeDesktop {
 public:
     /// Programs that run, under the names they are found by.
     QStringList running{QStringLiteral("Logic Pro")};
+    /// The title of a modal dialog that is open.
+    std::optional<QString> dialog;
     /// Makes openSession fail.
     std::optional<KeyFailure> display;
     /// Asked before each raise or key, with how it will be written down; a failure is returned in its stead.
@@ -104,6 +106,7 @@ public:
     std::optional<KeyFailure> raise(KeyTarget target, Deadline) override {
         return desktop_.act(QStringLiteral("raise ") + name(target));
     }
+    std::optional<QString> dialogInFront(KeyTarget /*target*/, Deadline) override { return desktop_.dialog; }
     std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode, KeyModifiers modifiers,
                                        Deadline) override {
         return desktop_.act(

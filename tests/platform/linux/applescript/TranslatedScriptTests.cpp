@@ -17,7 +17,7 @@ using ::testing::IsEmpty;
 
 class NoChoice final : public StandInChoice {
 public:
-    [[nodiscard]] std::variant<StandIn, QString> choose(const IsRunning& /*isRunning*/) const override {
+    [[nodiscard]] std::variant<StandIn, QString> choose(const FindProgram& /*find*/) const override {
         return QStringLiteral("A and B are running.");
     }
 };
@@ -91,7 +91,8 @@ TEST_F(TranslatedScriptTest, AnotherProcess_IsSentItsKeysAsTheyStand) {
 }
 
 TEST_F(TranslatedScriptTest, BarAndPlayback_GoByTheWorkstationsOwnSteps) {
-    keys_.bar = BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}0"), {}}}, {KeyCode{96, {}}}};
+    keys_.bar =
+        BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}0"), {}}}, {KeyCode{96, {}}}, std::nullopt};
     map(KeyCode{36, {}}, Steps{KeyCode{1, {}}}); // which is for the command, not for the bar
     EXPECT_EQ(run(testing::barScript(12, testing::ThenPlay::Yes)), QString());
     EXPECT_THAT(actions(), ElementsAre("raise daw", "key 75 to daw", "key '1' to daw", "key '2' to daw",
@@ -110,8 +111,99 @@ TEST_F(TranslatedScriptTest, NoBarInTheWorkstation_FailsBeforeAnythingIsDone) {
     EXPECT_THAT(actions(), IsEmpty());
 }
 
+TEST_F(TranslatedScriptTest, KeysAfterTheBarThatAreNotPlayback_AreTranslatedAsPresses) {
+    keys_.bar = BarSteps{{Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{96, {}}}, std::nullopt};
+    map(record, Steps{KeyCode{1, {}}});
+    const QString bar = testing::barScript(7, testing::ThenPlay::No);
+    EXPECT_EQ(run(bar + QStringLiteral("\nkeystroke \"r\"\nkeystroke \" \"")), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key '7' to daw", "key 1 to daw", "key ' ' to daw"));
+}
+
+TEST_F(TranslatedScriptTest, SpaceAfterPlaybackWasStarted_IsTranslatedAsAPress) {
+    keys_.bar = BarSteps{{Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{96, {}}}, std::nullopt};
+    const QString bar = testing::barScript(7, testing::ThenPlay::Yes);
+    EXPECT_EQ(run(bar + QStringLiteral("\nkeystroke \" \"")), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key '7' to daw", "key 96 to daw", "key ' ' to daw"));
+}
+
+TEST_F(TranslatedScriptTest, KeyAfterAnotherProgramWasActivated_IsSentAsItStands) {
+    keys_.bar = BarSteps{{Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{96, {}}}, std::nullopt};
+    map(record, Steps{KeyCode{1, {}}});
+    desktop_.running += QStringLiteral("Other");
+    EXPECT_EQ(
+        run(testing::barScript(7, testing::ThenPlay::No) +
+            QStringLiteral("\ntell application \"Other\" to activate\nkeystroke \" \"\nkeystroke \"r\"")),
+        QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key '7' to daw", "raise Other", "key ' ' to Other",
+                                       "key 'r' to Other"));
+}
+
+TEST_F(TranslatedScriptTest, KeyAfterAnotherProcessCameToTheFront_IsSentAsItStands) {
+    map(record, Steps{KeyCode{1, {}}});
+    desktop_.running += QStringLiteral("Other");
+    QString other = testing::keystrokeScript(QStringLiteral("keystroke \"r\""));
+    other.replace(QStringLiteral("Logic Pro"), QStringLiteral("Other"));
+    EXPECT_EQ(run(testing::keystrokeScript(QStringLiteral("keystroke \"r\"")) + u'\n' + other +
+                  QStringLiteral("\nkeystroke \"r\"")),
+              QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key 1 to daw", "raise Other", "key 'r' to Other",
+                                       "key 'r' to Other"));
+}
+
+TEST_F(TranslatedScriptTest, BarAboveTheLast_FailsBeforeAnythingIsDone) {
+    keys_.bar = BarSteps{
+        {Keystroke{QStringLiteral("{bar}"), {}}}, {}, LastBar{999, QStringLiteral("Daw ends at 999.")}};
+    EXPECT_EQ(run(testing::barScript(1000, testing::ThenPlay::No)),
+              QStringLiteral("System Events got an error: Daw ends at 999."));
+    EXPECT_THAT(actions(), IsEmpty());
+    EXPECT_EQ(run(testing::barScript(999, testing::ThenPlay::No)), QString());
+}
+
+TEST_F(TranslatedScriptTest, WaitsThatAreTogetherLongerThanAScripts_FailBeforeAnythingIsDone) {
+    map(record, Steps{Delay{std::chrono::seconds{5}}, KeyCode{1, {}}});
+    const auto pressed = [](int count) {
+        return testing::keystrokeScript(QStringList(count, QStringLiteral("keystroke \"r\"")).join(u'\n'));
+    };
+    EXPECT_EQ(run(pressed(6)), QString());
+    const auto before = actions().size();
+    EXPECT_TRUE(run(pressed(7)).contains(QStringLiteral("longer than 30 seconds")));
+    EXPECT_TRUE(
+        run(QStringLiteral("delay 9\n") + pressed(5)).contains(QStringLiteral("longer than 30 seconds")));
+    EXPECT_EQ(actions().size(), before);
+}
+
+TEST_F(TranslatedScriptTest, DialogIsOpen_NoKeyIsSentAndItIsNamed) {
+    desktop_.dialog = QStringLiteral("Take Snapshot");
+    const QString refusal = QStringLiteral("System Events got an error: A dialog of \"Daw\", “Take "
+                                           "Snapshot”, waits for an answer, and the key would "
+                                           "go there.");
+    EXPECT_EQ(run(testing::keystrokeScript(QStringLiteral("key code 36"))), refusal);
+    EXPECT_THAT(actions(), ElementsAre("raise daw"));
+    EXPECT_TRUE(run(testing::barScript(7, testing::ThenPlay::Yes)).contains(QStringLiteral("Take Snapshot")));
+    EXPECT_THAT(desktop_.keys(), IsEmpty());
+}
+
+TEST_F(TranslatedScriptTest, DialogIsOpenAndEscapeIsAllThatIsPressed_Closes) {
+    desktop_.dialog = QStringLiteral("Take Snapshot");
+    EXPECT_EQ(run(testing::keystrokeScript(QStringLiteral("key code 53"))), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key 53 to daw"));
+    EXPECT_NE(run(testing::keystrokeScript(QStringLiteral("key code 53\nkeystroke \"r\""))), QString());
+}
+
+TEST_F(TranslatedScriptTest, DialogThatTheScriptOpensItself_GetsItsKeys) {
+    desktop_.before = [this](const QString& action) -> std::optional<KeyFailure> {
+        if (action == QStringLiteral("key 44 to daw")) {
+            desktop_.dialog = QStringLiteral("Go to Position");
+        }
+        return std::nullopt;
+    };
+    EXPECT_EQ(run(testing::barScript(7, testing::ThenPlay::No)), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key 44 to daw", "key '7' to daw", "key 36 to daw"));
+}
+
 TEST_F(TranslatedScriptTest, WorkstationEndsInTheMiddleOfABar_NothingFurtherIsSent) {
-    keys_.bar = BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{49, {}}}};
+    keys_.bar =
+        BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{49, {}}}, std::nullopt};
     desktop_.before = [](const QString& action) -> std::optional<KeyFailure> {
         if (action == QStringLiteral("key '7' to daw")) {
             return KeyFailure{KeyFailure::Kind::NotRunning, {}};

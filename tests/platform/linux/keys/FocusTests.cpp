@@ -63,6 +63,25 @@ TEST_F(FocusTest, DialogOfTheTarget_GetsTheKeys) {
     EXPECT_THAT(workstation.takeKeys(x()), SizeIs(1));
 }
 
+TEST_F(FocusTest, ModalDialogWasOpenBefore_NoKeyIsSentAndItIsNamed) {
+    KeyWindowProcess workstation;
+    const xcb_window_t dialog = workstation.openDialog();
+    ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == dialog; }));
+    const xcb_atom_t modal = x().atom(x11::Atom::NetWmStateModal);
+    xcb_change_property(x().xcb(), XCB_PROP_MODE_REPLACE, dialog, x().atom(x11::Atom::NetWmState),
+                        XCB_ATOM_ATOM, 32, 1, &modal);
+    x().sync();
+
+    EXPECT_EQ(run(keystrokeScript(QStringLiteral("key code 36"))),
+              QStringLiteral(
+                  "System Events got an error: A dialog of \"Logic Pro\", “Dialog”, waits for an answer, "
+                  "and the key would go there."));
+    EXPECT_THAT(workstation.takeKeys(x()), IsEmpty());
+
+    EXPECT_EQ(run(keystrokeScript(QStringLiteral("key code 53"))), QString());
+    EXPECT_THAT(workstation.takeKeys(x()), SizeIs(1));
+}
+
 TEST_F(FocusTest, DialogOfAnotherProcessForTheTarget_BelongsToIt) {
     KeyWindowProcess workstation;
     const auto other = openOther();

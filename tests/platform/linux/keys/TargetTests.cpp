@@ -50,6 +50,14 @@ TEST_F(TargetTest, Program_IsFoundByEachOfItsNames) {
     }
 }
 
+TEST_F(TargetTest, ProgramUnderTwoOfItsNames_IsOneTarget) {
+    const KeyWindowProcess workstation;
+    const OpenTarget open = openTarget();
+    const auto byClass = open.session->find({.text = QStringLiteral("logic-pro")}, soon());
+    ASSERT_TRUE(std::holds_alternative<KeyTarget>(byClass));
+    EXPECT_EQ(std::get<KeyTarget>(byClass), open.target);
+}
+
 TEST_F(TargetTest, Title_IsLookedAtOnlyWhenAsked) {
     const auto window = open(QStringLiteral("workstation"));
     EXPECT_EQ(pidFound(TargetName::fromSetting(QStringLiteral("title:my song"))), window->pid());

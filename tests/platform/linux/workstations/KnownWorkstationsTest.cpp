@@ -42,6 +42,15 @@ TEST_F(KnownWorkstationsTest, OwnFileOfTheSameName_Wins) {
     EXPECT_TRUE(known.problems.isEmpty());
 }
 
+TEST_F(KnownWorkstationsTest, OwnFileOfAnotherName_GoesBeforeTheShippedOnes) {
+    write(shipped_ + QStringLiteral("/a.json"), named("Daw"));
+    write(own_ + QStringLiteral("/my-daw.json"), named("Daw"));
+    const auto known = read();
+    ASSERT_EQ(known.all.size(), 2U);
+    EXPECT_EQ(known.all[0].path, own_ + QStringLiteral("/my-daw.json"));
+    EXPECT_EQ(known.called(QStringLiteral("daw")), &known.all[0]);
+}
+
 TEST_F(KnownWorkstationsTest, OwnFileWithAFault_IsNamedWithItsPlaceAndTheShippedOneUsed) {
     write(shipped_ + QStringLiteral("/a.json"), named("shipped"));
     write(own_ + QStringLiteral("/a.json"), "{\n  \"nam\": \"A\"}");

@@ -4,14 +4,19 @@
 #include "platform/linux/applescript/ScriptTranslation.h"
 #include "platform/linux/workstations/KnownWorkstations.h"
 
+#include <QCryptographicHash>
 #include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-// The table in docs/workstations.md is what the program's own scripts become in every shipped profile. With
-// BRIVANDEL_WRITE_TABLE=1 in the environment the test writes the table anew instead of comparing it.
+// The table in docs/workstations.md is what the program's own scripts become in every shipped profile, and
+// what was seen to come of that when script/test workstations last tried it. With BRIVANDEL_WRITE_TABLE=1 in
+// the environment the test writes the table anew instead of comparing it.
 namespace brivandel {
 namespace {
 
@@ -31,8 +36,9 @@ QString modifiersText(KeyModifiers modifiers) {
 
 QString keyText(std::uint16_t code) {
     static const std::map<std::uint16_t, QString> names = {
-        {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},        {44, QStringLiteral("/")},
-        {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")}, {124, QStringLiteral("→")}};
+        {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},          {44, QStringLiteral("/")},
+        {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")},   {51, QStringLiteral("Backspace")},
+        {101, QStringLiteral("F9")},    {121, QStringLiteral("Page Down")}, {124, QStringLiteral("→")}};
     const auto found = names.find(code);
     return found == names.end() ? QStringLiteral("key code %1").arg(code) : found->second;
 }
@@ -81,20 +87,73 @@ QString pressesOf(const QString& source, const KeyTable& keys) {
     return Presses(std::get<Script>(translated)).text();
 }
 
+/// Of a profile's lines, but for comments and what it says of its trials.
+QString digestOf(const QString& profilePath) {
+    QFile file(profilePath);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(profilePath);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QByteArray text = line.trimmed();
+        if (!text.startsWith("//") && !text.startsWith("\"tried\"")) {
+            hash.addData(text + '\n');
+        }
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+/// What was seen of a workstation's commands when they were last tried there.
+class Sightings {
+public:
+    explicit Sightings(const QString& profilePath) {
+        QFile file(QStringLiteral(SIGHTINGS_FOLDER "/") + QFileInfo(profilePath).fileName());
+        if (file.open(QIODevice::ReadOnly)) {
+            const QJsonObject sightings = QJsonDocument::fromJson(file.readAll()).object();
+            commands_ = sightings.value(QStringLiteral("commands")).toObject();
+            version_ = sightings.value(QStringLiteral("version")).toString();
+            EXPECT_FALSE(commands_.isEmpty() || version_.isEmpty()) << qPrintable(file.fileName());
+            EXPECT_EQ(sightings.value(QStringLiteral("profile")).toString(), digestOf(profilePath))
+                << qPrintable(profilePath)
+                << " has changed since it was tried: script/test workstations tries it again";
+        }
+    }
+    [[nodiscard]] QString version() const {
+        return commands_.isEmpty() ? QStringLiteral("not tried") : version_;
+    }
+    /// As a part of a cell; empty for a workstation that was not tried.
+    [[nodiscard]] QString of(const QString& phrase) const {
+        const QJsonObject seen = commands_.value(phrase).toObject();
+        if (seen.isEmpty()) {
+            EXPECT_TRUE(commands_.isEmpty()) << qPrintable(phrase) << " was not tried";
+            return {};
+        }
+        return QStringLiteral(": %1 (%2%3)")
+            .arg(seen.value(QStringLiteral("outcome")).toString(),
+                 seen.value(QStringLiteral("seen by")).toString(),
+                 seen.value(QStringLiteral("spoken")).toBool() ? QStringLiteral("; spoken") : QString());
+    }
+
+private:
+    QJsonObject commands_;
+    QString version_;
+};
+
 QString table(const std::vector<KnownWorkstation>& workstations) {
+    std::vector<Sightings> sightings;
     QString text = QStringLiteral("| Say | As written");
     QString rule = QStringLiteral("|---|---");
     for (const KnownWorkstation& workstation : workstations) {
-        text += QStringLiteral(" | ") + workstation.profile.name;
+        sightings.emplace_back(workstation.path);
+        text += QStringLiteral(" | %1 (%2)").arg(workstation.profile.name, sightings.back().version());
         rule += QStringLiteral("|---");
     }
     text += QStringLiteral(" |\n") + rule + QStringLiteral("|\n");
     const auto addRow = [&](const QString& phrase, const QString& script) {
         const QString written = pressesOf(script, {});
         text += QStringLiteral("| %1 | %2").arg(phrase, written);
-        for (const KnownWorkstation& workstation : workstations) {
-            const QString sent = pressesOf(script, *workstation.profile.keys);
-            text += QStringLiteral(" | ") + (sent == written ? QStringLiteral("the same") : sent);
+        for (std::size_t index = 0; index < workstations.size(); ++index) {
+            const QString sent = pressesOf(script, *workstations[index].profile.keys);
+            text += QStringLiteral(" | ") + (sent == written ? QStringLiteral("the same") : sent) +
+                    sightings[index].of(phrase);
         }
         text += QStringLiteral(" |\n");
     };

@@ -1,6 +1,10 @@
 #include "platform/linux/workstations/WorkstationChoice.h"
 
+#include <QHash>
+
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace brivandel {
 namespace {
@@ -13,8 +17,12 @@ class WorkstationChoiceTest : public testing::Test {
 protected:
     std::variant<StandIn, QString> choose(const QString& named) {
         return WorkstationChoice(TargetName::fromSetting(named), known_)
-            .choose([this](const TargetName& name) {
-                return name.by == TargetName::By::Process && running_.contains(name.text);
+            .choose([this](const TargetName& name) -> std::optional<KeyTarget> {
+                if (name.by != TargetName::By::Process || !running_.contains(name.text)) {
+                    return std::nullopt;
+                }
+                const QString& program = aliases_.value(name.text, name.text);
+                return KeyTarget{static_cast<std::uint32_t>(running_.indexOf(program))};
             });
     }
     StandIn chosen(const QString& named = {}) {
@@ -27,6 +35,8 @@ protected:
     }
 
     QStringList running_;
+    /// Names under which a program of another name is found, too.
+    QHash<QString, QString> aliases_;
     KnownWorkstations known_{
         {{profile(QStringLiteral("Alpha"), {QStringLiteral("alpha"), QStringLiteral("alpha2")}), {}},
          {profile(QStringLiteral("Beta"), {QStringLiteral("beta")}), {}}},
@@ -57,6 +67,13 @@ TEST_F(WorkstationChoiceTest, NobodyNamedAndTwoRun_IsAnErrorThatNamesBoth) {
     ASSERT_TRUE(std::holds_alternative<QString>(choice));
     EXPECT_TRUE(std::get<QString>(choice).startsWith(QStringLiteral("Alpha and Beta are running, ")))
         << qPrintable(std::get<QString>(choice));
+}
+
+TEST_F(WorkstationChoiceTest, TwoProfilesFindTheSameProgram_IsOneWorkstationAndTheFirstGoes) {
+    running_ = {QStringLiteral("alpha"), QStringLiteral("beta")};
+    aliases_ = {{QStringLiteral("beta"), QStringLiteral("alpha")}};
+    EXPECT_EQ(chosen().target, TargetName{QStringLiteral("alpha")});
+    EXPECT_EQ(chosen().keys, known_.all[0].profile.keys);
 }
 
 TEST_F(WorkstationChoiceTest, TwoRunAndOneIsNamed_IsThatOne) {

@@ -43,7 +43,7 @@ TEST(WorkstationProfile, EveryKindOfEntry_IsRead) {
     "key code 41 using {shift down}": ["keystroke \"a\"", "delay 0.2", "keystroke \"b\" using {command down}"],
     "keystroke \"k\"": {"nothing": "It has no click."}
   },
-  "bar": {"go": ["keystroke \"{bar}\""], "play": "key code 49"}
+  "bar": {"go": ["keystroke \"{bar}\""], "play": "key code 49", "last": 999, "beyond": "No more."}
 })");
     EXPECT_EQ(profile.name, QStringLiteral("Träume"));
     EXPECT_EQ(profile.processes, (QStringList{QStringLiteral("traeume"), QStringLiteral("Traeume")}));
@@ -60,6 +60,7 @@ TEST(WorkstationProfile, EveryKindOfEntry_IsRead) {
     const auto& bar = std::get<BarSteps>(profile.keys->bar.value());
     EXPECT_EQ(bar.goTo, Steps{(Keystroke{QStringLiteral("{bar}"), {}})});
     EXPECT_EQ(bar.thenPlay, Steps{(KeyCode{49, {}})});
+    EXPECT_EQ(bar.last, (LastBar{999, QStringLiteral("No more.")}));
 }
 
 TEST(WorkstationProfile, WithoutBarAndTried_HasNone) {
@@ -103,6 +104,48 @@ TEST(WorkstationProfile, FaultOfAPress_IsToldWithItsPlace) {
     EXPECT_EQ(withKeys(R"("key code 1": [])"),
               "2:15: a key press is missing; {\"nothing\": \"…\"} says that there is none");
     EXPECT_EQ(withKeys(R"("key code 1": {"none": "x"})"), "2:15: a list […] belongs here");
+}
+
+/// The fault of a profile whose only entry is that, on a line of its own.
+std::string toldOf(const QByteArray& entry) {
+    return told("{\"name\": \"A\", \"processes\": [\"a\"],\n" + entry + "}");
+}
+
+TEST(WorkstationProfile, BarNumberWhereNoneIsKnown_IsToldWithItsPlace) {
+    const std::string sentence = "{bar} stands for a number only under \"bar\", \"go\"";
+    EXPECT_EQ(toldOf(R"("keys": {"key code 1": "keystroke \"{bar}\""})"), "2:24: " + sentence);
+    EXPECT_EQ(toldOf(R"("keys": {"keystroke \"{bar}\"": "key code 1"})"), "2:10: " + sentence);
+    EXPECT_EQ(
+        toldOf(
+            R"("keys": {}, "bar": {"go": "keystroke \"{bar}\"", "play": ["key code 1", "keystroke \"{bar}\""]})"),
+        "2:73: " + sentence);
+}
+
+TEST(WorkstationProfile, WaitsAndSteps_AreBounded) {
+    EXPECT_EQ(toldOf(R"("keys": {"key code 1": ["delay 5", "key code 2"]})"), "0:0: there is no fault");
+    EXPECT_EQ(toldOf(R"("keys": {"key code 1": ["delay 5", "key code 2", "delay 0.1"]})"),
+              "2:50: with this the waits are longer than 5 seconds together");
+    EXPECT_EQ(toldOf(R"("keys": {"key code 1": "delay 5.1"})"),
+              "2:24: with this the waits are longer than 5 seconds together");
+    const QByteArray typed = "\"keystroke \\\"" + QByteArray(200, 'a') + "\\\"\"";
+    EXPECT_TRUE(toldOf("\"keys\": {\"key code 1\": [" + typed + ", " + typed + "]}")
+                    .ends_with(": with this more than 256 characters are typed"));
+    const QByteArray steps = QByteArray(R"("key code 1", )").repeated(32) + R"("key code 2")";
+    EXPECT_TRUE(
+        toldOf("\"keys\": {\"key code 1\": [" + steps + "]}").ends_with(": this is more than 32 steps"));
+}
+
+TEST(WorkstationProfile, LastBarThatIsNoNumberOrWithoutItsSentence_IsToldWithItsPlace) {
+    const auto withLast = [](const QByteArray& last) {
+        return toldOf(
+            "\"keys\": {}, \"bar\": {\"go\": \"keystroke \\\"{bar}\\\"\", \"play\": \"key code 1\",\n" +
+            last + "}");
+    };
+    EXPECT_EQ(withLast(R"("last": "999", "beyond": "x")"),
+              "3:9: the number of a bar belongs here, as in 999");
+    EXPECT_EQ(withLast(R"("last": -1, "beyond": "x")"), "3:9: the number of a bar belongs here, as in 999");
+    EXPECT_EQ(withLast(R"("last": 999)"), "2:20: \"beyond\" is missing here");
+    EXPECT_EQ(withLast(R"("beyond": "x")"), "2:20: \"last\" is missing here");
 }
 
 TEST(WorkstationProfile, BarThatIsNeverTyped_IsToldWithItsPlace) {

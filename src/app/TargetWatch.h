@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Lifeline.h"
+
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace brivandel {
+
+class MainQueue;
+class Timer;
+class WorkQueue;
+
+/// Knows which workstation a command would go to, as a sentence for a person. Workstations come and go
+/// without a word, so it asks now and then, off the main thread. Main thread.
+class TargetWatch final : public QObject {
+    Q_OBJECT
+public:
+    /// How old the answer may be when somebody looks at it: longer than a workstation takes to start.
+    static constexpr std::chrono::seconds interval{15};
+
+    /// ask: called on the work queue, one call at a time, and may take seconds. Both queues outlive this.
+    TargetWatch(MainQueue& mainQueue, WorkQueue& workQueue, std::function<QString()> ask);
+    ~TargetWatch() override;
+
+    void begin();
+    /// Empty until the first answer.
+    [[nodiscard]] const QString& sentence() const { return sentence_; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void takeAnswer(const QString& sentence);
+
+    MainQueue& mainQueue_;
+    WorkQueue& workQueue_;
+    std::function<QString()> ask_;
+    QString sentence_;
+    std::unique_ptr<Timer> untilNext_;
+    Lifeline lifeline_;
+};
+
+} // namespace brivandel

@@ -1,0 +1,2 @@
+class Failure(Exception):
+    """What makes it useless to go on with a trial."""
