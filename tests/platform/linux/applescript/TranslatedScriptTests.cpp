@@ -202,7 +202,8 @@ TEST_F(TranslatedScriptTest, DialogThatTheScriptOpensItself_GetsItsKeys) {
 }
 
 TEST_F(TranslatedScriptTest, WorkstationEndsInTheMiddleOfABar_NothingFurtherIsSent) {
-    keys_.bar = BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{49, {}}}};
+    keys_.bar =
+        BarSteps{{KeyCode{75, {}}, Keystroke{QStringLiteral("{bar}"), {}}}, {KeyCode{49, {}}}, std::nullopt};
     desktop_.before = [](const QString& action) -> std::optional<KeyFailure> {
         if (action == QStringLiteral("key '7' to daw")) {
             return KeyFailure{KeyFailure::Kind::NotRunning, {}};
