@@ -41,7 +41,7 @@ struct BarSteps {
     Steps goTo;
     Steps thenPlay;
     /// The highest bar that the steps reach, and what to say of those above; none: they reach all.
-    std::optional<LastBar> last;
+    std::optional<LastBar> last = std::nullopt;
     bool operator==(const BarSteps&) const = default;
 };
 
