@@ -1,7 +1,6 @@
 // What the adapters use of AVFAudio and AVFoundation, written from their public documentation. Each declaration names its
 // page.
-// Read a second time, against the published bindings of others: all but two properties of
-// AVCaptureDevice, uniqueID and localizedName.
+// Read a second time, against their pages and the published bindings of others: all.
 #pragma once
 #include <AudioToolbox/AudioToolbox.h>
 #include <Foundation/Foundation.h>

@@ -1,6 +1,5 @@
 // What the adapters use of AppKit, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: all but NSBeep and the properties
-// effectiveAppearance, mouseLocation and runningApplications.
+// Read a second time, against its pages and the published bindings of others: all.
 #pragma once
 #include <Foundation/Foundation.h>
 NS_ASSUME_NONNULL_BEGIN

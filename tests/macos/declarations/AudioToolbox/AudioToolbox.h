@@ -1,5 +1,5 @@
 // What the adapters use of Audio Toolbox, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: all but the value of kAudioUnitScope_Global.
+// Read a second time, against the published bindings of others: all.
 #pragma once
 #include <CoreAudio/CoreAudio.h>
 

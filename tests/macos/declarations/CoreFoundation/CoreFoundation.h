@@ -1,5 +1,5 @@
 // What the adapters use of Core Foundation, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: its functions.
+// Read a second time, against the published bindings of others: all but the bridged types.
 #pragma once
 #include <objc/objc.h>
 #pragma clang assume_nonnull begin

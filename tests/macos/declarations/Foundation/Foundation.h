@@ -1,6 +1,5 @@
 // What the adapters use of Foundation, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: all but NSString, NSFileManager
-// and NSMouseInRect.
+// Read a second time, against its pages and the published bindings of others: all but isEqualToString:.
 #pragma once
 #include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CoreGraphics.h>

@@ -1,5 +1,5 @@
 // What the adapters use of Speech, written from its public documentation. Each declaration names its page.
-// Read a second time, against the published bindings of others: all but what may be nil in the handler of a task.
+// Read a second time, against its pages and the published bindings of others: all.
 #pragma once
 #include <Foundation/Foundation.h>
 NS_ASSUME_NONNULL_BEGIN
