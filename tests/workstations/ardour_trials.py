@@ -31,9 +31,11 @@ class Beginnings:
         self.stopped()
         self._remote.roll()
 
-    def at_bar_nine(self):
-        self._remote.stop()
-        self._remote.go_to_bar(9)
+    def at_bar(self, bar):
+        def go():
+            self._remote.stop()
+            self._remote.go_to_bar(bar)
+        return go
 
     def recording(self):
         self.stopped()
@@ -119,11 +121,12 @@ def trials(ardour):
     yield Trial("stop playback", "stops", REMOTE, begin.rolling, stands)
     yield Trial("fast forward", "goes on by a step of the grid", REMOTE, begin.stopped,
                 lambda _: stands(_) and remote.position() > (1, 1, 0))
-    yield Trial("go to start", "goes to the start", REMOTE, begin.at_bar_nine, lambda _: remote.position() == (1, 1, 0))
-    yield Trial("go to bar 25", "goes there and stays", REMOTE, begin.stopped,
+    yield Trial("go to start", "goes to the start", REMOTE, begin.at_bar(9), lambda _: remote.position() == (1, 1, 0))
+    # From a bar with more digits, which Ardour's clock keeps where nothing is typed over them.
+    yield Trial("go to bar 25", "goes there and stays", REMOTE, begin.at_bar(138),
                 lambda _: stands(_) and remote.position() == (25, 1, 0), spoken="go to bar twenty five")
-    yield Trial("play from bar 25", "rolls from there", REMOTE, begin.stopped,
-                lambda _: rolls(_) and remote.position() >= (25, 1, 0), spoken="play from bar twenty five")
+    yield Trial("play from bar 25", "rolls from there", REMOTE, begin.at_bar(138),
+                lambda _: rolls(_) and (25, 1, 0) <= remote.position() < (35, 1, 0), spoken="play from bar twenty five")
     yield Trial("click on", "switches the click on", REMOTE, begin.click(on=False), lambda _: remote.clicks())
     yield Trial("click off", "switches the click off", REMOTE, begin.click(on=True), lambda _: not remote.clicks())
     yield Trial("enable loop", "plays the loop range", REMOTE, begin.stopped, lambda _: rolls(_) and remote.loops())

@@ -25,23 +25,34 @@ struct NothingOfTheKind {
     bool operator==(const NothingOfTheKind&) const = default;
 };
 
-/// What stands in a step's text where the number of the bar is typed.
+/// What stands in a step's text where the number of the bar is typed. "{bar:3}" fills it up with zeros to
+/// three places, for a clock that keeps the digits over which nothing is typed.
 inline constexpr QStringView barPlaceholder = u"{bar}";
 
-/// Up to which bar a workstation can be told to go.
-struct LastBar {
-    std::uint64_t number = 0;
-    /// Of a bar above it: why not, as a sentence.
+/// The text with the number of the bar in each placeholder's place.
+[[nodiscard]] QString withBarNumber(const QString& text, const QString& number);
+
+/// Whether there is a placeholder in the text.
+[[nodiscard]] bool namesBarNumber(const QString& text);
+
+/// To which bars a workstation can be told to go.
+struct BarRange {
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    /// Of any other bar: why not, as a sentence.
     QString beyond;
-    bool operator==(const LastBar&) const = default;
+    bool operator==(const BarRange&) const = default;
+
+    /// False of what is too large to be a number at all.
+    [[nodiscard]] bool holds(const QString& number) const;
 };
 
 /// How a bar is gone to, from a workstation that has the keyboard.
 struct BarSteps {
     Steps goTo;
     Steps thenPlay;
-    /// The highest bar that the steps reach, and what to say of those above; none: they reach all.
-    std::optional<LastBar> last = std::nullopt;
+    /// The bars that the steps reach, and what to say of others; none: they reach all.
+    std::optional<BarRange> range = std::nullopt;
     bool operator==(const BarSteps&) const = default;
 };
 

@@ -42,7 +42,7 @@ std::optional<QString> barOf(const TellProcess& tell) {
 
 Step withBar(Step step, const QString& bar) {
     if (auto* const keystroke = std::get_if<Keystroke>(&step)) {
-        keystroke->text.replace(barPlaceholder.toString(), bar);
+        keystroke->text = withBarNumber(keystroke->text, bar);
     }
     return step;
 }
@@ -120,8 +120,8 @@ private:
                 return translated;
             }
             const auto& steps = std::get<BarSteps>(*keys_.bar);
-            if (steps.last && bar->toULongLong() > steps.last->number) {
-                fail(steps.last->beyond, range);
+            if (steps.range && !steps.range->holds(*bar)) {
+                fail(steps.range->beyond, range);
                 return translated;
             }
             startsPlaybackNext_ = true;

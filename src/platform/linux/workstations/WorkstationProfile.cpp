@@ -77,7 +77,7 @@ enum class BarNumber : bool { Unknown, Known };
 
 bool typesBar(const Step& step) {
     const auto* const keystroke = std::get_if<script::Keystroke>(&step);
-    return keystroke != nullptr && keystroke->text.contains(script::barPlaceholder);
+    return keystroke != nullptr && script::namesBarNumber(keystroke->text);
 }
 
 /// One line of a script: a press, or a wait.
@@ -180,29 +180,37 @@ std::optional<NothingOfTheKind> nothingIn(const PlacedJson& json) {
     return NothingOfTheKind{textIn(*sentence)};
 }
 
-std::optional<script::LastBar> lastBarIn(const PlacedJson& json) {
-    const PlacedJson* const last = member(json, u"last");
-    const PlacedJson* const beyond = member(json, u"beyond");
-    if (last == nullptr && beyond == nullptr) {
+std::uint64_t barNumberIn(const PlacedJson& json) {
+    const auto* const bar = std::get_if<PlacedJson::Number>(&json.value);
+    if (bar == nullptr) {
+        throw Fault{json.offset, QStringLiteral("the number of a bar belongs here, as in 999")};
+    }
+    return *bar;
+}
+
+std::optional<script::BarRange> barRangeIn(const PlacedJson& json) {
+    const PlacedJson* const first = member(json, u"first");
+    if (first == nullptr && member(json, u"last") == nullptr && member(json, u"beyond") == nullptr) {
         return std::nullopt;
     }
-    const PlacedJson& number = neededMember(json, QStringLiteral("last"));
-    const auto* const bar = std::get_if<PlacedJson::Number>(&number.value);
-    if (bar == nullptr || *bar == 0) {
-        throw Fault{number.offset, QStringLiteral("the number of a bar belongs here, as in 999")};
+    const PlacedJson& last = neededMember(json, QStringLiteral("last"));
+    script::BarRange range{first == nullptr ? 0 : barNumberIn(*first), barNumberIn(last),
+                           textIn(neededMember(json, QStringLiteral("beyond")))};
+    if (range.last == 0 || range.first > range.last) {
+        throw Fault{last.offset, QStringLiteral("there is no bar up to this one")};
     }
-    return script::LastBar{*bar, textIn(neededMember(json, QStringLiteral("beyond")))};
+    return range;
 }
 
 std::variant<BarSteps, NothingOfTheKind> barIn(const PlacedJson& json) {
     if (auto nothing = nothingIn(json)) {
         return *std::move(nothing);
     }
-    allowOnly(json, {QStringLiteral("go"), QStringLiteral("play"), QStringLiteral("last"),
-                     QStringLiteral("beyond")});
+    allowOnly(json, {QStringLiteral("go"), QStringLiteral("play"), QStringLiteral("first"),
+                     QStringLiteral("last"), QStringLiteral("beyond")});
     const PlacedJson& go = neededMember(json, QStringLiteral("go"));
     BarSteps bar{stepsIn(go, BarNumber::Known), stepsIn(neededMember(json, QStringLiteral("play"))),
-                 lastBarIn(json)};
+                 barRangeIn(json)};
     if (std::ranges::none_of(bar.goTo, typesBar)) {
         throw Fault{go.offset, QStringLiteral("no step types %1").arg(script::barPlaceholder)};
     }

@@ -150,11 +150,25 @@ TEST_F(TranslatedScriptTest, KeyAfterAnotherProcessCameToTheFront_IsSentAsItStan
                                        "key 'r' to Other"));
 }
 
-TEST_F(TranslatedScriptTest, BarAboveTheLast_FailsBeforeAnythingIsDone) {
-    keys_.bar = BarSteps{
-        {Keystroke{QStringLiteral("{bar}"), {}}}, {}, LastBar{999, QStringLiteral("Daw ends at 999.")}};
-    EXPECT_EQ(run(testing::barScript(1000, testing::ThenPlay::No)),
-              QStringLiteral("System Events got an error: Daw ends at 999."));
+TEST_F(TranslatedScriptTest, BarWithPlaces_IsFilledUpWithZeros) {
+    keys_.bar = BarSteps{{Keystroke{QStringLiteral("{bar:3}.1"), {}}}, {}};
+    EXPECT_EQ(run(testing::barScript(7, testing::ThenPlay::No)), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key '0' to daw", "key '0' to daw", "key '7' to daw",
+                                       "key '.' to daw", "key '1' to daw"));
+    EXPECT_EQ(withBarNumber(QStringLiteral("{bar:3}"), QStringLiteral("125")), QStringLiteral("125"));
+    EXPECT_EQ(withBarNumber(QStringLiteral("{bar:3}"), QStringLiteral("1250")), QStringLiteral("1250"));
+    EXPECT_EQ(withBarNumber(QStringLiteral("{bar}, {bar:2}"), QStringLiteral("7")), QStringLiteral("7, 07"));
+}
+
+TEST_F(TranslatedScriptTest, BarOutOfTheRange_FailsBeforeAnythingIsDone) {
+    keys_.bar = BarSteps{{Keystroke{QStringLiteral("{bar}"), {}}},
+                         {},
+                         BarRange{1, 999, QStringLiteral("Daw has the bars 1 to 999.")}};
+    for (const auto& bar : {QStringLiteral("0"), QStringLiteral("1000"), QString(30, u'9')}) {
+        QString script = testing::barScript(1, testing::ThenPlay::No);
+        script.replace(QStringLiteral("\"1\""), u'"' + bar + u'"');
+        EXPECT_EQ(run(script), QStringLiteral("System Events got an error: Daw has the bars 1 to 999."));
+    }
     EXPECT_THAT(actions(), IsEmpty());
     EXPECT_EQ(run(testing::barScript(999, testing::ThenPlay::No)), QString());
 }

@@ -60,7 +60,7 @@ TEST(WorkstationProfile, EveryKindOfEntry_IsRead) {
     const auto& bar = std::get<BarSteps>(profile.keys->bar.value());
     EXPECT_EQ(bar.goTo, Steps{(Keystroke{QStringLiteral("{bar}"), {}})});
     EXPECT_EQ(bar.thenPlay, Steps{(KeyCode{49, {}})});
-    EXPECT_EQ(bar.last, (LastBar{999, QStringLiteral("No more.")}));
+    EXPECT_EQ(bar.range, (BarRange{0, 999, QStringLiteral("No more.")}));
 }
 
 TEST(WorkstationProfile, WithoutBarAndTried_HasNone) {
@@ -135,7 +135,7 @@ TEST(WorkstationProfile, WaitsAndSteps_AreBounded) {
         toldOf("\"keys\": {\"key code 1\": [" + steps + "]}").ends_with(": this is more than 32 steps"));
 }
 
-TEST(WorkstationProfile, LastBarThatIsNoNumberOrWithoutItsSentence_IsToldWithItsPlace) {
+TEST(WorkstationProfile, BarsThatAreNoNumbersOrWithoutTheirSentence_AreToldWithTheirPlace) {
     const auto withLast = [](const QByteArray& last) {
         return toldOf(
             "\"keys\": {}, \"bar\": {\"go\": \"keystroke \\\"{bar}\\\"\", \"play\": \"key code 1\",\n" +
@@ -146,6 +146,10 @@ TEST(WorkstationProfile, LastBarThatIsNoNumberOrWithoutItsSentence_IsToldWithIts
     EXPECT_EQ(withLast(R"("last": -1, "beyond": "x")"), "3:9: the number of a bar belongs here, as in 999");
     EXPECT_EQ(withLast(R"("last": 999)"), "2:20: \"beyond\" is missing here");
     EXPECT_EQ(withLast(R"("beyond": "x")"), "2:20: \"last\" is missing here");
+    EXPECT_EQ(withLast(R"("first": 1)"), "2:20: \"last\" is missing here");
+    EXPECT_EQ(withLast(R"("first": "1", "last": 9, "beyond": "x")"),
+              "3:10: the number of a bar belongs here, as in 999");
+    EXPECT_EQ(withLast(R"("first": 2, "last": 1, "beyond": "x")"), "3:21: there is no bar up to this one");
 }
 
 TEST(WorkstationProfile, BarThatIsNeverTyped_IsToldWithItsPlace) {
