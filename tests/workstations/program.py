@@ -6,6 +6,8 @@ import queue
 import subprocess
 import threading
 
+from failure import Failure
+
 _PATIENCE_SECONDS = 30
 # Sound that comes while the input is being opened is lost. Said again too soon, it would be carried out twice.
 _MOST_TRIES = 4
@@ -45,7 +47,11 @@ class Program:
         return running
 
     def outcome(self, running):
-        output = running.communicate(timeout=_PATIENCE_SECONDS)[0]
+        try:
+            output = running.communicate(timeout=_PATIENCE_SECONDS)[0]
+        except subprocess.TimeoutExpired as hanging:
+            running.kill()
+            raise Failure("the script did not end") from hanging
         return _message(json.loads(output))
 
     def listen(self):
@@ -73,7 +79,9 @@ class Listening:
                                          stdout=subprocess.PIPE)
         self._reader = threading.Thread(target=self._read)
         self._reader.start()
-        self._next("began")
+        if self._next("began") is None:
+            self.__exit__()
+            raise Failure("the program did not begin to listen")
         return self
 
     def __exit__(self, *_):

@@ -202,7 +202,7 @@ private:
         if (answersDialogs_) {
             return std::nullopt;
         }
-        const auto title = session_->dialogInFront(program.target, deadline_);
+        const auto title = session_->openDialog(program.target, deadline_);
         return title ? failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, application, range)
                      : std::nullopt;
     }

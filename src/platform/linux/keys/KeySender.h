@@ -69,9 +69,9 @@ public:
                                                                    Deadline deadline) = 0;
     /// Brings a window of the target to the front and returns when it has the keyboard focus.
     [[nodiscard]] virtual std::optional<KeyFailure> raise(KeyTarget target, Deadline deadline) = 0;
-    /// The title of the target's window that has the keyboard focus, if that is a modal dialog: one that has
-    /// to be answered before the program's other windows take any key.
-    [[nodiscard]] virtual std::optional<QString> dialogInFront(KeyTarget target, Deadline deadline) = 0;
+    /// The title of the dialog of the target that has to be answered before its other windows take any key,
+    /// if one is open.
+    [[nodiscard]] virtual std::optional<QString> openDialog(KeyTarget target, Deadline deadline) = 0;
     /// Presses and releases one key, given by its macOS virtual key code. Nothing is sent unless the target
     /// has the keyboard focus at that moment.
     [[nodiscard]] virtual std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode,

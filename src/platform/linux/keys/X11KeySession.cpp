@@ -77,14 +77,10 @@ std::optional<KeyFailure> Session::raise(KeyTarget target, Deadline deadline) {
     return lost ? lost : failure;
 }
 
-std::optional<QString> Session::dialogInFront(KeyTarget target, Deadline deadline) {
+std::optional<QString> Session::openDialog(KeyTarget target, Deadline deadline) {
     const Connection::Bound bound(*connection_, deadline);
-    const xcb_window_t focused = windows_.focusedWindow();
-    if (focused == XCB_NONE || !windows_.belongsTo(focused, targets_.at(target.id)) ||
-        !windows_.isModal(focused)) {
-        return std::nullopt;
-    }
-    return windows_.titleOf(focused);
+    const xcb_window_t dialog = windows_.modalWindow(targets_.at(target.id));
+    return dialog == XCB_NONE ? std::nullopt : std::optional(windows_.titleOf(dialog));
 }
 
 std::optional<KeyFailure> Session::pressKey(KeyTarget target, std::uint16_t virtualKeyCode,

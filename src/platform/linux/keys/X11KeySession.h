@@ -23,7 +23,7 @@ public:
     [[nodiscard]] std::variant<KeyTarget, KeyFailure> find(const TargetName& name,
                                                            Deadline deadline) override;
     [[nodiscard]] std::optional<KeyFailure> raise(KeyTarget target, Deadline deadline) override;
-    [[nodiscard]] std::optional<QString> dialogInFront(KeyTarget target, Deadline deadline) override;
+    [[nodiscard]] std::optional<QString> openDialog(KeyTarget target, Deadline deadline) override;
     [[nodiscard]] std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode,
                                                      KeyModifiers modifiers, Deadline deadline) override;
     [[nodiscard]] std::optional<KeyFailure> typeText(KeyTarget target, const QString& text,

@@ -110,6 +110,15 @@ bool Windows::isSameProgram(const WindowOwner& owner, const WindowOwner& target)
            !owner.className.isEmpty() && owner.className == target.className;
 }
 
+/// It need not have the focus: toolkits hand the keys of a program's other windows on to it.
+xcb_window_t Windows::modalWindow(const WindowOwner& target) const {
+    const auto windows = programWindows();
+    const auto found = std::ranges::find_if(windows, [&](xcb_window_t window) {
+        return isModal(window) && isViewable(window) && belongsTo(window, target);
+    });
+    return found == windows.end() ? static_cast<xcb_window_t>(XCB_NONE) : *found;
+}
+
 /// Programs say so themselves, and window managers keep it.
 bool Windows::isModal(xcb_window_t window) const {
     constexpr std::uint32_t maxStateCount = 32;
@@ -182,6 +191,13 @@ std::optional<QString> Windows::windowManagerName() const {
 bool Windows::exists(xcb_window_t window) const {
     auto* const xcb = connection_.xcb();
     return reply<xcb_get_window_attributes_reply>(xcb, xcb_get_window_attributes(xcb, window)) != nullptr;
+}
+
+bool Windows::isViewable(xcb_window_t window) const {
+    auto* const xcb = connection_.xcb();
+    const auto attributes =
+        reply<xcb_get_window_attributes_reply>(xcb, xcb_get_window_attributes(xcb, window));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 std::vector<xcb_window_t> Windows::programWindows() const {

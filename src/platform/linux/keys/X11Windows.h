@@ -45,8 +45,9 @@ public:
     /// of these.
     [[nodiscard]] bool belongsTo(xcb_window_t window, const WindowOwner& target) const;
 
-    /// Whether it has to be answered before other windows of its program take any key.
-    [[nodiscard]] bool isModal(xcb_window_t window) const;
+    /// The topmost window of the target that has to be answered before its others take any key; None when
+    /// there is none.
+    [[nodiscard]] xcb_window_t modalWindow(const WindowOwner& target) const;
     /// The same process, or without one the same window or group of windows.
     [[nodiscard]] static bool isSameProgram(const WindowOwner& owner, const WindowOwner& target);
 
@@ -60,6 +61,8 @@ private:
     /// Top of the stack first.
     [[nodiscard]] std::vector<xcb_window_t> programWindows() const;
     [[nodiscard]] bool isForUse(xcb_window_t window) const;
+    [[nodiscard]] bool isModal(xcb_window_t window) const;
+    [[nodiscard]] bool isViewable(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t programWindowAround(xcb_window_t window) const;
     [[nodiscard]] qint64 pidOf(xcb_window_t window) const;
 

@@ -106,7 +106,7 @@ public:
     std::optional<KeyFailure> raise(KeyTarget target, Deadline) override {
         return desktop_.act(QStringLiteral("raise ") + name(target));
     }
-    std::optional<QString> dialogInFront(KeyTarget /*target*/, Deadline) override { return desktop_.dialog; }
+    std::optional<QString> openDialog(KeyTarget /*target*/, Deadline) override { return desktop_.dialog; }
     std::optional<KeyFailure> pressKey(KeyTarget target, std::uint16_t virtualKeyCode, KeyModifiers modifiers,
                                        Deadline) override {
         return desktop_.act(

@@ -82,6 +82,21 @@ TEST_F(FocusTest, ModalDialogWasOpenBefore_NoKeyIsSentAndItIsNamed) {
     EXPECT_THAT(workstation.takeKeys(x()), SizeIs(1));
 }
 
+TEST_F(FocusTest, ModalDialogBesideTheFocusedWindow_NoKeyIsSent) {
+    KeyWindowProcess workstation;
+    const xcb_window_t dialog = workstation.openDialog();
+    ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == dialog; }));
+    const xcb_atom_t modal = x().atom(x11::Atom::NetWmStateModal);
+    xcb_change_property(x().xcb(), XCB_PROP_MODE_REPLACE, dialog, x().atom(x11::Atom::NetWmState),
+                        XCB_ATOM_ATOM, 32, 1, &modal);
+    xcb_set_input_focus(x().xcb(), XCB_INPUT_FOCUS_PARENT, workstation.window(), XCB_CURRENT_TIME);
+    x().sync();
+    ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == workstation.window(); }));
+
+    EXPECT_TRUE(run(keystrokeScript(QStringLiteral("key code 36"))).contains(QStringLiteral("“Dialog”")));
+    EXPECT_THAT(workstation.takeKeys(x()), IsEmpty());
+}
+
 TEST_F(FocusTest, DialogOfAnotherProcessForTheTarget_BelongsToIt) {
     KeyWindowProcess workstation;
     const auto other = openOther();
