@@ -31,6 +31,8 @@ FAULTS = [
     ('the program is kept awake for ever', 'MacAudioEngine', '            activity_.reset();\n', ''),
     ('another input than the chosen one is listened to', 'MacAudioEngine',
      '            if (!hasDeviceOfItsOwn_) {\n                makeEngine', '            if (true) {\n                makeEngine'),
+    ('the old engine ends where word of it comes', 'MacAudioEngine', '        retireEngine();\n', ''),
+    ('the device is set on a running engine', 'MacAudioEngine', '            if (engine_.running) {\n                stop', '            if (false) {\n                stop'),
     ('the device is set at each start', 'MacAudioEngine', 'if (device == deviceInForce_) {', 'if (false) {'),
     ('a device that failed is not set again', 'MacAudioEngine', '            if (failure) {\n                deviceInForce_.reset();', '            if (failure) {'),
     ('inputs that come are not told', 'MacAudioEngine', '                inputs_.push_back', '                if (property == 0) inputs_.push_back'),

@@ -12,6 +12,7 @@
 #import <AVFoundation/AVFoundation.h>
 #import <AudioToolbox/AudioToolbox.h>
 
+#include <chrono>
 #include <functional>
 #include <span>
 #include <utility>
@@ -22,6 +23,10 @@ namespace brivandel {
 namespace {
 
 constexpr AVAudioNodeBus inputBus = 0;
+
+// The system holds the engine while it tells of a change, and does not say when it is done; what is told does
+// no more there than post.
+constexpr std::chrono::seconds retirement{2};
 
 // AVFAudio raises an exception for what a program should have known, and for what none can know, as that an
 // input was unplugged a moment ago. None of them may go further than this.
@@ -44,9 +49,10 @@ std::span<const float* const> channelsOf(AVAudioPCMBuffer* buffer) {
     return {channels, buffer.format.channelCount};
 }
 
-/// An engine stops by itself when its input goes, or comes back in another format. Whoever listens then
-/// begins anew, with the format that the input has by that time. A start that failed for want of an input is
-/// followed by another once inputs come or go.
+/// An engine stops by itself when its input changes its format, and should when that goes. Whoever listens
+/// then begins anew, with the format that the input has by that time. A start that failed for want of an
+/// input is followed by another once sound devices come or go, of which the system tells without saying
+/// whether they are inputs.
 class MacAudioEngine final : public AudioEngine {
 public:
     MacAudioEngine(MainQueue& mainQueue, std::shared_ptr<CaptureEnd> captureEnd)
@@ -54,7 +60,7 @@ public:
         , captureEnd_(std::move(captureEnd)) {
         @autoreleasepool {
             makeEngine();
-            const auto told = hop(QStringLiteral("The inputs have changed."));
+            const auto told = hop(QStringLiteral("The sound devices have changed."));
             for (const auto property :
                  {kAudioHardwarePropertyDevices, kAudioHardwarePropertyDefaultInputDevice}) {
                 inputs_.push_back(std::make_unique<HardwareObservation>(property, ^{
@@ -139,10 +145,7 @@ public:
     void stop() override {
         @autoreleasepool {
             activity_.reset();
-            static_cast<void>(failureOf([this]() -> std::optional<QString> {
-                [engine_ stop];
-                return std::nullopt;
-            }));
+            stopEngine();
         }
     }
 
@@ -175,6 +178,11 @@ public:
             if (unit == nullptr) {
                 return kAudioUnitErr_Uninitialized;
             }
+            // What a running engine makes of another device is promised nowhere. Whoever sets one starts it
+            // afterwards, and so is still taken to listen.
+            if (engine_.running) {
+                stopEngine();
+            }
             constexpr AudioUnitElement element = 0;
             const OSStatus status =
                 AudioUnitSetProperty(unit, kAudioOutputUnitProperty_CurrentDevice, kAudioUnitScope_Global,
@@ -191,12 +199,21 @@ private:
     void makeEngine() {
         configuration_.reset();
         deviceInForce_.reset();
+        retireEngine();
         engine_ = [[AVAudioEngine alloc] init];
         const auto told = hop(QStringLiteral("The input was unplugged, or has changed."));
         configuration_ = std::make_unique<NotificationObservation>(
             AVAudioEngineConfigurationChangeNotification, engine_, ^(NSNotification*) {
               told();
             });
+    }
+
+    // The thread that tells of a change may still be inside the notification, which holds the engine: were
+    // that the last to hold it, the engine would end there, and wait for the very thread that ends it.
+    void retireEngine() {
+        if (engine_ != nil) {
+            mainQueue_.postAfter(retirement, [retired = engine_] { static_cast<void>(retired); });
+        }
     }
 
     // For the system's threads, on which the engine must not be touched: its end would wait for the very
@@ -239,6 +256,13 @@ private:
             return error != nil ? fromNSString(error.localizedDescription)
                                 : QStringLiteral("the audio engine gave no reason");
         });
+    }
+
+    void stopEngine() {
+        static_cast<void>(failureOf([this]() -> std::optional<QString> {
+            [engine_ stop];
+            return std::nullopt;
+        }));
     }
 
     // What failed, if anything. Nothing to connect is no failure.

@@ -23,7 +23,8 @@ class CaptureEnd;
 class MainQueue;
 
 /// AVFAudio: an engine follows the system's default input until a device is set. When capture ends by itself,
-/// captureEnd is told, and again whenever inputs come or go while the engine is started but does not run.
+/// captureEnd is told, and again whenever sound devices come or go, outputs and displays too, while the
+/// engine is started but does not run.
 [[nodiscard]] std::unique_ptr<AudioEngine> makeMacAudioEngine(MainQueue& mainQueue,
                                                               std::shared_ptr<CaptureEnd> captureEnd);
 

@@ -195,6 +195,21 @@ TEST_F(AudioTest, DeviceInForce_IsNotSetAgain) {
     EXPECT_EQ(standin::currentDevice(), 73U);
 }
 
+TEST_F(AudioTest, DeviceOfARunningEngine_IsSetOnceItHasStopped) {
+    installTap();
+    ASSERT_FALSE(engine->start());
+    calls();
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(calls(), QStringList({QStringLiteral("stop"), QStringLiteral("device 73")}));
+    EXPECT_NE(standin::activity(), 0U) << "listening is still wanted";
+    ASSERT_FALSE(engine->start());
+    standin::feed({{1}});
+    EXPECT_EQ(blocks.size(), 1U);
+    calls();
+    ASSERT_EQ(engine->setInputDevice(73), 0);
+    EXPECT_EQ(calls(), QStringList()) << "the device in force is no reason to stop";
+}
+
 TEST_F(AudioTest, DefaultInput_IsFollowedByANewEngine) {
     calls();
     engine->followDefaultInput();

@@ -28,7 +28,7 @@ protected:
     QStringList told;
     QList<double> heardRatesHz;
     const QStringList unplugged = {QStringLiteral("The input was unplugged, or has changed.")};
-    const QStringList otherInputs = {QStringLiteral("The inputs have changed.")};
+    const QStringList otherDevices = {QStringLiteral("The sound devices have changed.")};
 };
 
 TEST_F(CaptureEndTest, InputThatGoes_IsToldOnTheMainThread) {
@@ -53,6 +53,19 @@ TEST_F(CaptureEndTest, TapOfAnInputThatWent_IsMadeAnewWithTheNextFormat) {
                                     QStringLiteral("installTap 1024"), QStringLiteral("start")}));
     standin::feed({{1}});
     EXPECT_EQ(heardRatesHz, QList<double>({48000, 44100}));
+}
+
+TEST_F(CaptureEndTest, EngineThatIsReplacedWhileItTells_EndsLaterOnTheMainThread) {
+    installTap();
+    ASSERT_FALSE(engine->start());
+    standin::changeConfiguration(Engine::Stops, {}, [this] { mainQueue.runDue(); });
+    EXPECT_EQ(told, unplugged);
+    EXPECT_EQ(standin::liveObjects("AVAudioEngine"), 2);
+    mainQueue.advance(std::chrono::seconds(2));
+    EXPECT_EQ(standin::liveObjects("AVAudioEngine"), 1);
+    ASSERT_FALSE(engine->start());
+    standin::feed({{1}});
+    EXPECT_EQ(heardRatesHz.size(), 1);
 }
 
 TEST_F(CaptureEndTest, DeviceOfItsOwn_IsKept) {
@@ -106,7 +119,7 @@ TEST_F(CaptureEndTest, InputThatComes_IsToldWhenOneIsWaitedFor) {
         told.clear();
         standin::changeInputs(what);
         mainQueue.runDue();
-        EXPECT_EQ(told, otherInputs);
+        EXPECT_EQ(told, otherDevices);
     }
 }
 

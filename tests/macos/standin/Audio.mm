@@ -158,6 +158,10 @@ NSString* const AVAudioEngineConfigurationChangeNotification =
 // The engine that was made last, while it lives.
 static void* liveEngine = nullptr;
 
+// Whether the system's thread is inside the notification of a change, where an engine that ends may wait for
+// ever.
+static bool isTellingOfChange = false;
+
 @implementation AVAudioEngine {
 @public
     AVAudioInputNode* _inputNode;
@@ -171,6 +175,9 @@ static void* liveEngine = nullptr;
     return self;
 }
 - (void)dealloc {
+    if (isTellingOfChange) {
+        qFatal("an engine ended on the thread that tells of its change");
+    }
     if (liveEngine == (__bridge void*)self) {
         liveEngine = nullptr;
     }
@@ -217,14 +224,31 @@ static AVAudioEngine* engine() {
     return (__bridge AVAudioEngine*)liveEngine;
 }
 
-void standin::changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile) {
+void standin::changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile,
+                                  const std::function<void()>& beforeItReturns) {
+    void* const changed = liveEngine;
+    AVAudioEngine* held = nil; // by the notification, if it still lives when that arrives
     @autoreleasepool {
-        void* changed = liveEngine;
         if (engineThen == Engine::Stops && engine() != nil) {
             engine()->_isRunning = NO;
         }
-        postNotification(AVAudioEngineConfigurationChangeNotification, changed, meanwhile);
     }
+    @autoreleasepool {
+        postNotification(AVAudioEngineConfigurationChangeNotification, changed, [&] {
+            if (meanwhile) {
+                meanwhile();
+            }
+            held = liveEngine == changed ? engine() : nil;
+        });
+        if (beforeItReturns) {
+            beforeItReturns();
+        }
+    }
+    elsewhere([&] {
+        isTellingOfChange = true;
+        held = nil;
+        isTellingOfChange = false;
+    });
 }
 
 static void giveToTap(AVAudioPCMBuffer* buffer) {
@@ -270,7 +294,9 @@ OSStatus AudioUnitSetProperty(AudioUnit inUnit, AudioUnitPropertyID inID, AudioU
     }
     ++world().deviceSettings;
     if (world().deviceStatus == noErr) {
-        std::memcpy(&((__bridge AVAudioNode*)static_cast<void*>(inUnit))->_deviceID, inData, inDataSize);
+        AVAudioNode* node = (__bridge AVAudioNode*)static_cast<void*>(inUnit);
+        std::memcpy(&node->_deviceID, inData, inDataSize);
+        world().calls += QStringLiteral("device %1").arg(node->_deviceID);
     }
     return world().deviceStatus;
 }

@@ -104,9 +104,11 @@ std::vector<std::vector<float>> appended();
 void feed(const std::vector<std::vector<float>>& channels);
 void feedWithoutData(std::uint32_t frameCount);
 /// The rate or the channels of the hardware have changed, of which the engine that lives tells, on a thread
-/// of its own; mostly it stops first. What meanwhile does comes between.
+/// of its own; mostly it stops first. What meanwhile does comes between. The notification holds the engine
+/// until beforeItReturns has been called here; an engine that ends with the notification ends the test.
 enum class Engine { Stops, GoesOn };
-void changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile = {});
+void changeConfiguration(Engine engineThen, const std::function<void()>& meanwhile = {},
+                         const std::function<void()>& beforeItReturns = {});
 /// Devices come or go, or another becomes the default input, of which the sound system tells likewise.
 enum class Inputs { List, Default };
 void changeInputs(Inputs what, const std::function<void()>& meanwhile = {});
