@@ -20,7 +20,7 @@ const UtteranceVerdict accepted{.text = QStringLiteral("hey logic play"),
 class ListenReportTest : public testing::Test {
 protected:
     [[nodiscard]] std::string printed(bool json, const UtteranceVerdict& verdict) {
-        ListenReport report("take.wav", json, Terminal{in_, out_, err_});
+        ListenReport report("take.wav", json, terminal_);
         report.judged(3.2636, verdict);
         EXPECT_EQ(err_.str(), "");
         return out_.str();
@@ -29,6 +29,7 @@ protected:
     std::istringstream in_;
     std::ostringstream out_;
     std::ostringstream err_;
+    Terminal terminal_{in_, out_, err_};
 };
 
 TEST_F(ListenReportTest, VerdictAsJson_SaysWhatWasNearestAndWhyNot) {
