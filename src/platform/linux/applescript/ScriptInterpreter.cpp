@@ -33,7 +33,8 @@ bool onlyCancels(const Script& script) {
     const auto look = [&](const auto& self, const auto& body) -> void {
         for (const auto& statement : body) {
             std::visit(
-                [&]<class Action>(const Action& action) {
+                [&](const auto& action) {
+                    using Action = std::decay_t<decltype(action)>;
                     if constexpr (requires { action.body; }) {
                         self(self, action.body);
                     } else if constexpr (std::is_same_v<Action, KeyCode>) {

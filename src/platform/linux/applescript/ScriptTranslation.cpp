@@ -52,7 +52,8 @@ std::chrono::milliseconds waitsIn(const std::vector<S>& body) {
     std::chrono::milliseconds sum{0};
     for (const S& statement : body) {
         std::visit(
-            [&]<class Action>(const Action& action) {
+            [&](const auto& action) {
+                using Action = std::decay_t<decltype(action)>;
                 if constexpr (requires { action.body; }) {
                     sum += waitsIn(action.body);
                 } else if constexpr (std::is_same_v<Action, Delay>) {
