@@ -22,13 +22,16 @@ _PROFILES = Path(__file__).parents[2] / "resources/workstations"
 # Said aloud; the others are handed in as transcripts. They are of every kind: a place, a switch, a recording, a number.
 _SPOKEN = {"play", "stop", "click on", "go to start", "start recording", "stop recording", "go to bar 25"}
 
+# A profile's sentence, as an error says it.
+_REFUSAL = "System Events got an error: {}"
+
 
 def try_out(trial, say, wait_until, by_voice):
     try:
         known = trial.before()
         problem = say(f"hey logic {trial.phrase()}")
         if trial.is_refused:
-            problem = "" if problem == trial.outcome else problem or "it does not fail"
+            problem = "" if problem == _REFUSAL.format(trial.outcome) else problem or "it does not fail"
         if not problem and not wait_until(lambda: trial.after(known)):
             problem = f"it does not come to this: {trial.outcome}"
     except Failure as failure:

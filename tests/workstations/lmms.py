@@ -16,6 +16,8 @@ _BARS = 4
 # Where a click puts a clip into the track: the first bar's middle, and a bar's width, as the window is laid out by the song.
 _FIRST_BAR = (348, 210)
 _BAR_WIDTH = 16
+_SONG_EDITOR = (200, 350)
+_MOST_TRIES = 5
 
 # A bar takes 24 seconds, so that no bar ends by itself while it is waited for another.
 _SONG = """<?xml version="1.0"?>
@@ -70,9 +72,13 @@ class Lmms:
         environment = dict(os.environ, HOME=str(self._home), PULSE_SINK=_SINK)
         log = (self._folder / "lmms.log").open("w")
         self.process = subprocess.Popen(["lmms", "--allowroot", self.song_file], env=environment, stdout=log, stderr=log)
-        if not desktop.wait_for_window("song - LMMS .*", _START_PATIENCE_SECONDS):
+        try:
+            if not desktop.wait_for_window("song - LMMS .*", _START_PATIENCE_SECONDS):
+                raise Failure("LMMS did not come up")
+            self._choose_song_editor()
+        except BaseException:
             self._end()
-            raise Failure("LMMS did not come up")
+            raise
         return self
 
     def __exit__(self, *_):
@@ -105,11 +111,16 @@ class Lmms:
         desktop.press("Home")
         self.need(self.is_silent, "LMMS does not stop")
 
-    def roll(self, bar=1):
-        """From the beginning of that bar."""
+    def roll(self):
+        """From the start of the song."""
         self.stop()
-        desktop.press(*["Right"] * (bar - 1), "space")
-        self.need(lambda: self.plays(bar), f"LMMS does not play bar {bar}")
+        desktop.press("space")
+        self.need(lambda: self.plays(1), "LMMS does not play")
+
+    def roll_in_bar_two(self):
+        self.roll()
+        desktop.press("Right")
+        self.need(lambda: self.plays(2), "LMMS does not go on to bar 2")
 
     def add_clip(self):
         """By hand, into a bar that has never had one. It is not saved."""
@@ -130,6 +141,15 @@ class Lmms:
         desktop.press("ctrl+s")
         self.need(lambda: self.song_file.stat().st_mtime_ns != before and self.saved_clips() is not None, "the song was not saved")
         return self.saved_clips()
+
+    def _choose_song_editor(self):
+        """By hand. While the window is still being laid out, a click may go astray."""
+        for _ in range(_MOST_TRIES):
+            desktop.click(*_SONG_EDITOR)
+            desktop.press("space")
+            if self.wait_until(lambda: self.plays(1)):
+                return
+        raise Failure("the Song-Editor takes no key")
 
     def _end(self):
         if self.process.poll() is None:

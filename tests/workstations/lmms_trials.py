@@ -20,9 +20,9 @@ class Beginnings:
     def rolling(self):
         self._lmms.roll()
 
-    def rolling_in_bar_three(self):
+    def rolling_in_bar_two(self):
         """Whether it was played again afterwards, to be filled in."""
-        self._lmms.roll(bar=3)
+        self._lmms.roll_in_bar_two()
         return {}
 
     def with_clip(self):
@@ -78,13 +78,13 @@ def trials(lmms):
 
     yield Trial("play", "plays the song", SOUND, begin.stopped, plays)
     yield Trial("stop", "stops", SOUND, begin.rolling, stands)
-    yield Trial("pause", "stops, and goes back to the start", SOUND, begin.rolling_in_bar_three,
+    yield Trial("pause", "stops, and goes back to the start", SOUND, begin.rolling_in_bar_two,
                 lambda played: plays_when_started(played, 1))
     yield Trial("play that back", "plays the song", SOUND, begin.stopped, plays)
     yield Trial("stop playback", "stops", SOUND, begin.rolling, stands)
     yield Trial("stop recording", "stops", SOUND, begin.rolling, stands)
     yield Trial("fast forward", "goes on by a bar", SOUND, begin.stopped, lambda played: plays_when_started(played, 2))
-    yield Trial("go to start", "goes to the start, and plays on", SOUND, begin.rolling_in_bar_three, plays)
+    yield Trial("go to start", "goes to the start, and plays on", SOUND, begin.rolling_in_bar_two, plays)
     yield refused("start recording", "LMMS has no key that records.")
     yield refused("count me in", "LMMS has no key that counts in.")
     yield refused("enable loop", "LMMS has no key for its loop points.")
