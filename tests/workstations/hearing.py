@@ -1,4 +1,4 @@
-"""What a workstation plays: silence, or a bar, each bar of its song being one long tone of its own."""
+"""What a workstation plays: silence, or a bar, each bar of its song having a pitch of its own."""
 
 import array
 import itertools

@@ -1,4 +1,4 @@
-"""LMMS with a song of our own, each bar of which is a tone: what it plays and from where is heard, the rest is in its saved song."""
+"""LMMS with a song of our own, each bar of which has a pitch: what it plays and from where is heard, the rest is in its saved song."""
 
 import os
 import subprocess
@@ -12,11 +12,12 @@ _SINK = "feed2"  # not the one that the microphone hears
 _START_PATIENCE_SECONDS = 120
 _PATIENCE_SECONDS = 10
 _TICKS_A_BAR = 192
+_TICKS_A_NOTE = 6
 _BARS = 4
 # Where a click puts a clip into the track: the first bar's middle, and a bar's width, as the window is laid out by the song.
 _FIRST_BAR = (348, 210)
 _BAR_WIDTH = 16
-_SONG_EDITOR = (200, 350)
+_SONG_EDITOR = (323, 123)  # its title
 _MOST_TRIES = 5
 
 # A bar takes 24 seconds, so that no bar ends by itself while it is waited for another.
@@ -66,8 +67,9 @@ class Lmms:
         working = self._home / "lmms"
         working.mkdir(parents=True)
         (self._home / ".lmmsrc.xml").write_text(_CONFIGURATION.format(working=working))
-        notes = "".join(f'<note pos="{_TICKS_A_BAR * (bar - 1)}" len="{_TICKS_A_BAR}" key="{key_of_bar(bar)}" vol="100" pan="0"/>'
-                        for bar in range(1, _BARS + 1))
+        # Short ones: when playback jumps, a note goes on to its end, and one that began before is not heard.
+        notes = "".join(f'<note pos="{tick}" len="{_TICKS_A_NOTE}" key="{key_of_bar(tick // _TICKS_A_BAR + 1)}" vol="100" pan="0"/>'
+                        for tick in range(0, _BARS * _TICKS_A_BAR, _TICKS_A_NOTE))
         self.song_file.write_text(_SONG.format(notes=notes))
         environment = dict(os.environ, HOME=str(self._home), PULSE_SINK=_SINK)
         log = (self._folder / "lmms.log").open("w")
