@@ -43,6 +43,7 @@ class Hearing:
                         return True
             finally:
                 recorder.terminate()
+                recorder.wait()  # before its pipe is closed, of which it would complain
         return False
 
     def heard(self):

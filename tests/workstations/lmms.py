@@ -1,4 +1,4 @@
-"""LMMS with a song of our own, each bar of which has a pitch: what it plays and from where is heard, the rest is in its saved song."""
+"""LMMS with a song of our own, each bar of which has a pitch: what it plays is heard, the rest is in its saved song."""
 
 import os
 import subprocess
@@ -131,18 +131,24 @@ class Lmms:
         self._free_bar += 1
 
     def saved_clips(self):
-        """How many the saved song has; None while it is being written."""
+        """How many the saved song has; None while it is being written, or put in the place of the one before."""
         try:
             return len(xml.parse(self.song_file).getroot().findall("song/trackcontainer/track/pattern"))
-        except xml.ParseError:
+        except (xml.ParseError, FileNotFoundError):
             return None
 
     def save_and_count_clips(self):
         """How many the song has, as LMMS saves it now."""
-        before = self.song_file.stat().st_mtime_ns
+        before = self._saved_at()
         desktop.press("ctrl+s")
-        self.need(lambda: self.song_file.stat().st_mtime_ns != before and self.saved_clips() is not None, "the song was not saved")
+        self.need(lambda: self._saved_at() not in (None, before) and self.saved_clips() is not None, "the song was not saved")
         return self.saved_clips()
+
+    def _saved_at(self):
+        try:
+            return self.song_file.stat().st_mtime_ns
+        except FileNotFoundError:
+            return None
 
     def _choose_song_editor(self):
         """By hand. While the window is still being laid out, a click may go astray."""
