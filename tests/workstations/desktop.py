@@ -3,6 +3,7 @@
 import json
 import shutil
 import subprocess
+import time
 
 _PATIENCE_SECONDS = 20
 
@@ -65,11 +66,20 @@ def write(text):
     subprocess.run(["xdotool", "type", text], check=True)
 
 
-def wait_for_window(title):
+def click(x, y):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)
+
+
+def wait_for_window(title, patience_seconds=_PATIENCE_SECONDS):
     """Whether one with that title is there, or comes."""
-    found = subprocess.run(["timeout", str(_PATIENCE_SECONDS), "xdotool", "search", "--sync", "--onlyvisible", "--name",
-                            f"^{title}$"], capture_output=True)
-    return found.returncode == 0
+    deadline = time.monotonic() + patience_seconds
+    # It ends when a window that it looks at goes away meanwhile, and is then begun again.
+    while (remaining := deadline - time.monotonic()) > 0:
+        found = subprocess.run(["timeout", str(remaining), "xdotool", "search", "--sync", "--onlyvisible", "--name",
+                                f"^{title}$"], capture_output=True)
+        if found.returncode == 0:
+            return True
+    return False
 
 
 def has_window(title):

@@ -6,6 +6,9 @@ from dataclasses import dataclass
 # How what came of it was seen.
 REMOTE = "its remote protocol"
 SESSION = "its saved session"
+SOUND = "its sound"
+SONG = "its saved song"
+ERROR = "the command's error"
 
 
 @dataclass(frozen=True)
@@ -21,6 +24,8 @@ class Trial:
     after: Callable[[object], bool]
     # As it is said; none: as the command is called.
     spoken: str | None = None
+    # The workstation has no key for it: the command fails with the outcome as its sentence, and does nothing.
+    is_refused: bool = False
 
     def phrase(self):
         return self.spoken or self.command

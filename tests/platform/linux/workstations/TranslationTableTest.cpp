@@ -36,9 +36,10 @@ QString modifiersText(KeyModifiers modifiers) {
 
 QString keyText(std::uint16_t code) {
     static const std::map<std::uint16_t, QString> names = {
-        {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},          {44, QStringLiteral("/")},
-        {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")},   {51, QStringLiteral("Backspace")},
-        {101, QStringLiteral("F9")},    {121, QStringLiteral("Page Down")}, {124, QStringLiteral("→")}};
+        {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},        {44, QStringLiteral("/")},
+        {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")}, {51, QStringLiteral("Backspace")},
+        {101, QStringLiteral("F9")},    {115, QStringLiteral("Home")},    {121, QStringLiteral("Page Down")},
+        {124, QStringLiteral("→")}};
     const auto found = names.find(code);
     return found == names.end() ? QStringLiteral("key code %1").arg(code) : found->second;
 }
@@ -74,7 +75,14 @@ private:
     QStringList presses_;
 };
 
-QString pressesOf(const QString& source, const KeyTable& keys) {
+/// What a workstation gets of a command.
+struct Sent {
+    QString text;
+    /// Nothing: the text is the sentence that the command fails with.
+    bool fails = false;
+};
+
+Sent sentFor(const QString& source, const KeyTable& keys) {
     const auto parsed = parseScript(source);
     if (!std::holds_alternative<Script>(parsed)) {
         ADD_FAILURE() << qPrintable(source);
@@ -82,9 +90,9 @@ QString pressesOf(const QString& source, const KeyTable& keys) {
     }
     const auto translated = translate(std::get<Script>(parsed), keys, QStringLiteral("Logic Pro"));
     if (const auto* const failure = std::get_if<TranslationFailure>(&translated)) {
-        return failure->sentence;
+        return {failure->sentence, true};
     }
-    return Presses(std::get<Script>(translated)).text();
+    return {Presses(std::get<Script>(translated)).text()};
 }
 
 /// Of a profile's lines, but for comments and what it says of its trials.
@@ -148,12 +156,12 @@ QString table(const std::vector<KnownWorkstation>& workstations) {
     }
     text += QStringLiteral(" |\n") + rule + QStringLiteral("|\n");
     const auto addRow = [&](const QString& phrase, const QString& script) {
-        const QString written = pressesOf(script, {});
+        const QString written = sentFor(script, {}).text;
         text += QStringLiteral("| %1 | %2").arg(phrase, written);
         for (std::size_t index = 0; index < workstations.size(); ++index) {
-            const QString sent = pressesOf(script, *workstations[index].profile.keys);
-            text += QStringLiteral(" | ") + (sent == written ? QStringLiteral("the same") : sent) +
-                    sightings[index].of(phrase);
+            const Sent sent = sentFor(script, *workstations[index].profile.keys);
+            text += QStringLiteral(" | ") + (sent.text == written ? QStringLiteral("the same") : sent.text) +
+                    (sent.fails ? QString() : sightings[index].of(phrase));
         }
         text += QStringLiteral(" |\n");
     };
