@@ -15,7 +15,7 @@ namespace brivandel {
 namespace {
 
 /// A profile has a few kilobytes; what is larger is none.
-constexpr qint64 maxByteCount = 256 * 1024;
+constexpr qint64 maxByteCount = qint64{256} * 1024;
 
 std::variant<WorkstationProfile, QString> readProfile(const QString& path) {
     QFile file(path);
