@@ -17,6 +17,13 @@ protected:
             QStringList{QStringLiteral("--class"), QStringLiteral("Other"), QStringLiteral("--name"),
                         QStringLiteral("other"), QStringLiteral("--title"), QStringLiteral("Logic Pro")});
     }
+
+    /// What a program says of a dialog that has to be answered first.
+    void makeModal(xcb_window_t dialog) {
+        const xcb_atom_t modal = x().atom(x11::Atom::NetWmStateModal);
+        xcb_change_property(x().xcb(), XCB_PROP_MODE_REPLACE, dialog, x().atom(x11::Atom::NetWmState),
+                            XCB_ATOM_ATOM, 32, 1, &modal);
+    }
 };
 
 TEST_F(FocusTest, AnotherWindowHasTheFocus_NoKeyIsSentAndItIsNamed) {
@@ -67,9 +74,7 @@ TEST_F(FocusTest, ModalDialogWasOpenBefore_NoKeyIsSentAndItIsNamed) {
     KeyWindowProcess workstation;
     const xcb_window_t dialog = workstation.openDialog();
     ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == dialog; }));
-    const xcb_atom_t modal = x().atom(x11::Atom::NetWmStateModal);
-    xcb_change_property(x().xcb(), XCB_PROP_MODE_REPLACE, dialog, x().atom(x11::Atom::NetWmState),
-                        XCB_ATOM_ATOM, 32, 1, &modal);
+    makeModal(dialog);
     x().sync();
 
     EXPECT_EQ(run(keystrokeScript(QStringLiteral("key code 36"))),
@@ -86,9 +91,7 @@ TEST_F(FocusTest, ModalDialogBesideTheFocusedWindow_NoKeyIsSent) {
     KeyWindowProcess workstation;
     const xcb_window_t dialog = workstation.openDialog();
     ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == dialog; }));
-    const xcb_atom_t modal = x().atom(x11::Atom::NetWmStateModal);
-    xcb_change_property(x().xcb(), XCB_PROP_MODE_REPLACE, dialog, x().atom(x11::Atom::NetWmState),
-                        XCB_ATOM_ATOM, 32, 1, &modal);
+    makeModal(dialog);
     xcb_set_input_focus(x().xcb(), XCB_INPUT_FOCUS_PARENT, workstation.window(), XCB_CURRENT_TIME);
     x().sync();
     ASSERT_TRUE(waitUntil(dialog, [&] { return windows().focusedWindow() == workstation.window(); }));
