@@ -14,7 +14,7 @@ namespace {
 
 struct Phone {
     QStringView name;
-    int family; // phones of one family are mistaken for each other more easily
+    int family = 0; // phones of one family are mistaken for each other more easily
 };
 
 enum Family : int {

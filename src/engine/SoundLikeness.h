@@ -11,7 +11,7 @@ namespace brivandel {
 using PhoneSequence = QList<std::uint8_t>;
 
 /// The phones of a text in ARPAbet, parted by spaces; what is no phone is left out.
-[[nodiscard]] PhoneSequence phoneSequence(const QString& phones);
+[[nodiscard]] PhoneSequence phoneSequence(const QString& text);
 
 /// How far two phrases are from each other in sound: 0 for the same, 1 for nothing in common. The cost of
 /// turning one into the other, a phone exchanged for a related one (two vowels; "b" and "p"; "l" and "r") at

@@ -27,7 +27,7 @@ PhraseAdviceLine::PhraseAdviceLine(LivePhraseAdvice& advice, TextField& field, P
     : QWidget(parent)
     , advice_(advice)
     , field_(field)
-    , owner_(std::move(owner))
+    , owner_(owner)
     , phrases_(std::move(phrases))
     , text_(new Label(QString(), TextStyle::Caption2, NamedColor::Secondary))
     , refresh_(new ViewRefresh(field, [this] { showAdvice(); })) { // the line itself is hidden when empty

@@ -28,7 +28,7 @@ const QString& LogFile::logDirectory() {
 }
 
 LogFile::LogFile(QString directory, WallClock wallClock)
-    : path_(std::move(directory) + QStringLiteral("/Brivandel.log"))
+    : path_(std::move(directory.append(QStringLiteral("/Brivandel.log"))))
     , wallClock_(std::move(wallClock)) {}
 
 void LogFile::write(const QString& message) {

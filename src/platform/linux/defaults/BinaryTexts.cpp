@@ -68,7 +68,7 @@ bool hasBrokenText(QByteArrayView binary) {
         return true;
     }
     const QByteArrayView trailer = binary.last(trailerSize);
-    const int offsetSize = trailer.at(offsetSizePlace);
+    const int offsetSize = static_cast<unsigned char>(trailer.at(offsetSizePlace));
     const std::uint64_t objectCount = number(trailer, objectCountPlace, numberSize);
     const std::uint64_t table = number(trailer, offsetTablePlace, numberSize);
     const auto size = static_cast<std::uint64_t>(binary.size());
@@ -77,7 +77,7 @@ bool hasBrokenText(QByteArrayView binary) {
         return true;
     }
     for (std::uint64_t object = 0; object < objectCount; ++object) {
-        const auto entry = static_cast<qsizetype>(table + object * static_cast<std::uint64_t>(offsetSize));
+        const auto entry = static_cast<qsizetype>(table) + static_cast<qsizetype>(object) * offsetSize;
         const std::uint64_t offset = number(binary, entry, offsetSize);
         if (offset >= size || isBrokenText(binary.sliced(static_cast<qsizetype>(offset)))) {
             return true;

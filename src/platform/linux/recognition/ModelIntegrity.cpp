@@ -130,7 +130,7 @@ bool isWholeText(QByteArrayView bytes) {
 
 struct ModelFile {
     QLatin1StringView name;
-    bool (*isWhole)(QByteArrayView bytes);
+    bool (*isWhole)(QByteArrayView bytes) = nullptr;
 };
 
 constexpr std::array modelFiles = {ModelFile{QLatin1StringView("/mdef"), isWholeDefinition},
