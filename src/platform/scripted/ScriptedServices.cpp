@@ -14,8 +14,8 @@ void ScriptedWorkQueue::run(std::function<void()> work) {
     mainQueue_.setPostingDelay({});
 }
 
-ScriptedScriptHost::ScriptedScriptHost(const EventSink& sink, VirtualMainQueue& mainQueue)
-    : sink_(sink)
+ScriptedScriptHost::ScriptedScriptHost(EventSink sink, VirtualMainQueue& mainQueue)
+    : sink_(std::move(sink))
     , mainQueue_(mainQueue) {}
 
 std::optional<ScriptErrorDictionary> ScriptedScriptHost::run(const QString& source) {
@@ -30,14 +30,14 @@ void ScriptedScriptHost::setOutcome(std::optional<ScriptErrorDictionary> error,
     duration_ = duration;
 }
 
-ScriptedLog::ScriptedLog(const EventSink& sink) : sink_(sink) {}
+ScriptedLog::ScriptedLog(EventSink sink) : sink_(std::move(sink)) {}
 
 void ScriptedLog::write(const QString& message) {
     const QString callStack = QStringLiteral("Call stack: ");
     sink_("log", {{"line", (message.startsWith(callStack) ? callStack + u'…' : message).toStdString()}});
 }
 
-ScriptedPermissions::ScriptedPermissions(const EventSink& sink) : sink_(sink) {}
+ScriptedPermissions::ScriptedPermissions(EventSink sink) : sink_(std::move(sink)) {}
 
 void ScriptedPermissions::requestSpeechAuthorization(std::function<void(SpeechAuthorization)> answer) {
     sink_("permissionRequest", {{"kind", "speech"}});
@@ -65,7 +65,7 @@ void ScriptedPermissions::answerMicrophone(bool granted) const {
     }
 }
 
-ScriptedNotifier::ScriptedNotifier(const EventSink& sink) : sink_(sink) {}
+ScriptedNotifier::ScriptedNotifier(EventSink sink) : sink_(std::move(sink)) {}
 
 void ScriptedNotifier::deliver(const Notification& notification) {
     nlohmann::ordered_json event = {{"title", notification.title.toStdString()},
@@ -79,7 +79,7 @@ void ScriptedNotifier::deliver(const Notification& notification) {
     sink_("notification", std::move(event));
 }
 
-ScriptedBeeper::ScriptedBeeper(const EventSink& sink) : sink_(sink) {}
+ScriptedBeeper::ScriptedBeeper(EventSink sink) : sink_(std::move(sink)) {}
 
 void ScriptedBeeper::beep() {
     sink_("beep", nlohmann::ordered_json::object());

@@ -29,7 +29,7 @@ private:
 /// Answers every script with one outcome, after one time.
 class ScriptedScriptHost final : public ScriptHost {
 public:
-    ScriptedScriptHost(const EventSink& sink, VirtualMainQueue& mainQueue);
+    ScriptedScriptHost(EventSink sink, VirtualMainQueue& mainQueue);
     [[nodiscard]] std::optional<ScriptErrorDictionary> run(const QString& source) override;
 
     void setOutcome(std::optional<ScriptErrorDictionary> error, VirtualMainQueue::Duration duration);
@@ -43,7 +43,7 @@ private:
 
 class ScriptedLog final : public DiagnosticLog {
 public:
-    explicit ScriptedLog(const EventSink& sink);
+    explicit ScriptedLog(EventSink sink);
     /// A call stack is reported without its frames: they differ from build to build.
     void write(const QString& message) override;
 
@@ -53,7 +53,7 @@ private:
 
 class ScriptedPermissions final : public Permissions {
 public:
-    explicit ScriptedPermissions(const EventSink& sink);
+    explicit ScriptedPermissions(EventSink sink);
     void requestSpeechAuthorization(std::function<void(SpeechAuthorization)> answer) override;
     void requestMicrophoneAccess(std::function<void(bool granted)> answer) override;
     void requestNotificationAuthorization() override;
@@ -69,7 +69,7 @@ private:
 
 class ScriptedNotifier final : public Notifier {
 public:
-    explicit ScriptedNotifier(const EventSink& sink);
+    explicit ScriptedNotifier(EventSink sink);
     void deliver(const Notification& notification) override;
 
 private:
@@ -78,7 +78,7 @@ private:
 
 class ScriptedBeeper final : public Beeper {
 public:
-    explicit ScriptedBeeper(const EventSink& sink);
+    explicit ScriptedBeeper(EventSink sink);
     void beep() override;
 
 private:
