@@ -98,8 +98,12 @@ def arguments():
     parser.add_argument("--program", type=Path, required=True)
     parser.add_argument("--window", type=Path, required=True, help="the program that shows the keys it gets")
     parser.add_argument("--results", type=Path, required=True, help="the folder that what was seen is written into")
-    parser.add_argument("workstation", nargs="*", choices=[*_WORKSTATIONS, []], help="which; all of them if none is given")
-    return parser.parse_args()
+    parser.add_argument("workstation", nargs="*", help=f"which of {', '.join(_WORKSTATIONS)}; all if none is given")
+    given = parser.parse_args()
+    for name in given.workstation:
+        if name not in _WORKSTATIONS:
+            parser.error(f"{name} is none of {', '.join(_WORKSTATIONS)}")
+    return given
 
 
 def try_workstation(profile, given):

@@ -5,6 +5,7 @@ import subprocess
 import xml.etree.ElementTree as xml
 
 from failure import Failure
+from installed import version_of
 from remote import Remote
 
 _NAME = "Take"
@@ -71,9 +72,7 @@ class Ardour:
         self._end()
 
     def version(self):
-        package = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", "ardour"], check=True, text=True,
-                                 capture_output=True).stdout
-        return package.split(":")[-1].split("+")[0]
+        return version_of("ardour")
 
     def session_file(self, snapshot=_NAME):
         return self._session / f"{snapshot}.ardour"

@@ -7,6 +7,7 @@ import xml.etree.ElementTree as xml
 import desktop
 from failure import Failure
 from hearing import SILENCE, Hearing, key_of_bar
+from installed import version_of
 
 _SINK = "feed2"  # not the one that the microphone hears
 _START_PATIENCE_SECONDS = 120
@@ -87,9 +88,7 @@ class Lmms:
         self._end()
 
     def version(self):
-        package = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", "lmms"], check=True, text=True,
-                                 capture_output=True).stdout
-        return package.split(":")[-1].split("+")[0]
+        return version_of("lmms")
 
     def wait_until(self, holds, patience_seconds=_PATIENCE_SECONDS):
         """Whether it comes to hold. It is looked at while LMMS is listened to."""
