@@ -133,6 +133,15 @@ protected:
         return screen_.waitUntil([this] { return !popover(); }, patience);
     }
 
+    /// A click gives a window the keyboard, but only once the window manager has heard of it.
+    void pressEscapeInPopover() {
+        const auto found = popover();
+        ASSERT_TRUE(found);
+        screen_.click(found->geometry.center());
+        ASSERT_TRUE(screen_.waitForFocus(found->id, patience)) << "the keyboard does not go to it";
+        screen_.press(XK_Escape);
+    }
+
     // The menu is the program's own under one kind of tray and the panel's under the other: a window that is
     // neither of the program's titled ones nor the tray's.
     void choose(MenuItem item) {
@@ -196,8 +205,7 @@ TEST_P(Face, ClickElsewhereOrEscape_ClosesThePopover) {
     ASSERT_TRUE(waitForIdleItem());
     ASSERT_EQ(startAnother("--popover"), 0);
     ASSERT_TRUE(waitForPopover());
-    screen_.click(popover()->geometry.center());
-    screen_.press(XK_Escape);
+    pressEscapeInPopover();
     EXPECT_TRUE(waitForNoPopover());
 
     ASSERT_EQ(startAnother("--popover"), 0);
@@ -265,8 +273,7 @@ TEST_P(BareFace, FurtherStart_OpensThePopoverAndEscapeClosesIt) {
         ASSERT_EQ(run(builtProgram(QStringLiteral("brivandel")), {}), 0);
         ASSERT_TRUE(waitForPopover());
         EXPECT_TRUE(screen_.geometry().contains(popover()->geometry));
-        screen_.click(popover()->geometry.center()); // the keyboard goes where the pointer was
-        screen_.press(XK_Escape);
+        pressEscapeInPopover();
         ASSERT_TRUE(waitForNoPopover());
     }
 }

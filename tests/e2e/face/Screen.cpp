@@ -201,6 +201,18 @@ void Screen::move(xcb_window_t window, const QPoint& place) {
     xcb_flush(connection_.get());
 }
 
+bool Screen::waitForFocus(xcb_window_t window, std::chrono::milliseconds patience) {
+    const std::uint32_t focusChanges = XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(connection_.get(), window, XCB_CW_EVENT_MASK, &focusChanges);
+    return waitUntil(
+        [&] {
+            const Owned<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
+                connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+            return focus && focus->focus == window;
+        },
+        patience);
+}
+
 bool Screen::waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (!condition()) {

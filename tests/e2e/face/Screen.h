@@ -43,6 +43,8 @@ public:
     /// 1: left, 3: right.
     void click(const QPoint& place, int button = 1);
     void press(xcb_keysym_t key);
+    /// Waits until keys go to the window; whether they did in time.
+    [[nodiscard]] bool waitForFocus(xcb_window_t window, std::chrono::milliseconds patience);
     /// As the user does by the cross in the title bar.
     void close(xcb_window_t window);
     void move(xcb_window_t window, const QPoint& place);
