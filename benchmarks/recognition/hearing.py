@@ -11,6 +11,7 @@ import numpy as np
 
 import material
 import sounds
+from measured import measured
 from voices import VOICES
 
 # Before speech. What plays on has been playing; a person in a room takes a breath.
@@ -101,18 +102,14 @@ class Program:
     def listen(self, paths, settings):
         """For each file its events, and what the whole took: seconds of the processor, bytes at most."""
         with tempfile.TemporaryFile() as out:
-            process = subprocess.Popen([self._path, "listen", "--dry-run", "--json", *paths], stdout=out,
-                                       env=self._environment(settings))
-            _, status, usage = os.wait4(process.pid, 0)
-            process.returncode = os.waitstatus_to_exitcode(status)
-            if process.returncode != 0:
-                raise RuntimeError(f"{self._path} listen ended with {process.returncode}")
+            processor, memory = measured([self._path, "listen", "--dry-run", "--json", *paths], stdout=out,
+                                         env=self._environment(settings))
             out.seek(0)
             events = {str(path): [] for path in paths}
             for line in out:
                 event = json.loads(line)
                 events[event["file"]].append(event)
-        return list(events.values()), usage.ru_utime + usage.ru_stime, usage.ru_maxrss * 1024
+        return list(events.values()), processor, memory
 
 
 def _stored(settings):
@@ -137,15 +134,11 @@ class GeneralModel:
             control = Path(folder) / "control"
             control.write_text("".join(f"{Path(path).with_suffix('')}\n" for path in paths))
             heard = Path(folder) / "heard"
-            process = subprocess.Popen(
-                ["pocketsphinx_batch", "-hmm", str(_MODEL / "en-us"), "-lm", str(_MODEL / "en-us.lm.bin"),
-                 "-dict", str(_MODEL / "cmudict-en-us.dict"), "-adcin", "yes", "-adchdr", "44", "-cepext", ".wav",
-                 "-ctl", str(control), "-hyp", str(heard)],
+            processor, memory = measured(
+                ["pocketsphinx_batch", "-hmm", _MODEL / "en-us", "-lm", _MODEL / "en-us.lm.bin",
+                 "-dict", _MODEL / "cmudict-en-us.dict", "-adcin", "yes", "-adchdr", "44", "-cepext", ".wav",
+                 "-ctl", control, "-hyp", heard],
                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            _, status, usage = os.wait4(process.pid, 0)
-            process.returncode = os.waitstatus_to_exitcode(status)
-            if process.returncode != 0:
-                raise RuntimeError(f"pocketsphinx_batch ended with {process.returncode}")
             # "the words (name of the file -score)", in the order of the files.
             texts = [line.rpartition("(")[0].strip() for line in heard.read_text().splitlines()]
-        return texts, usage.ru_utime + usage.ru_stime, usage.ru_maxrss * 1024
+        return texts, processor, memory

@@ -9,6 +9,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace brivandel {
@@ -50,6 +52,9 @@ struct FreeConfiguration {
 
 /// All branches of a grammar are equally likely: which phrases a musician uses is not known.
 constexpr int evenLogProbability = 0;
+
+/// In frames of 10 ms of the opening.
+constexpr float weightOfTraining = 60;
 
 cmn_t* cepstralMean(ps_decoder_t* decoder) {
     return ps_get_feat(decoder)->cmn_struct;
@@ -174,13 +179,47 @@ void Decoder::removeSearch(const QString& search) {
     }
 }
 
-void Decoder::begin(const QString& search) {
+std::vector<float> Decoder::expectedMean(std::span<const std::int16_t> opening) {
+    if (opening.empty()) {
+        return initialMean_;
+    }
+    std::vector<float> sum = initialMean_;
+    for (float& value : sum) {
+        value *= weightOfTraining;
+    }
+    float frameCount = weightOfTraining;
+    fe_t* frontEnd = ps_get_fe(handle_.get());
+    fe_start_stream(frontEnd);
+    fe_start_utt(frontEnd);
+    std::vector<float> frame(initialMean_.size());
+    float* row = frame.data();
+    const std::int16_t* next = opening.data();
+    std::size_t left = opening.size();
+    for (int done = 1; done > 0 && left > 0;) {
+        done = 1;
+        int index = 0;
+        fe_process_frames(frontEnd, &next, &left, &row, &done, &index);
+        if (done > 0) {
+            std::ranges::transform(sum, frame, sum.begin(), std::plus());
+            ++frameCount;
+        }
+    }
+    int last = 0;
+    fe_end_utt(frontEnd, row, &last);
+    for (float& value : sum) {
+        value /= frameCount;
+    }
+    return sum;
+}
+
+void Decoder::begin(const QString& search, std::span<const std::int16_t> opening) {
     end();
     ps_set_search(handle_.get(), search.toUtf8().constData());
+    const std::vector<float> mean = expectedMean(opening);
     // A stream of its own: the places of words are counted from its beginning, and nothing is kept of the
     // noise before.
     ps_start_stream(handle_.get());
-    cmn_live_set(cepstralMean(handle_.get()), initialMean_.data());
+    cmn_live_set(cepstralMean(handle_.get()), mean.data());
     inUtterance_ = ps_start_utt(handle_.get()) == 0;
 }
 

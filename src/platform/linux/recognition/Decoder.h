@@ -48,8 +48,9 @@ public:
     /// One that is not there is no error. What was heard with it is gone.
     void removeSearch(const QString& search);
 
-    /// Begins an utterance; one that is going on is dropped.
-    void begin(const QString& search);
+    /// Begins an utterance; one that is going on is dropped. How loud it is and how the room colours it is
+    /// taken from the opening, some of its sound, and without that from the model's training.
+    void begin(const QString& search, std::span<const std::int16_t> opening = {});
     void process(std::span<const std::int16_t> samples);
     void end();
     /// Begins, decodes and ends an utterance that is there as a whole, which is more accurate.
@@ -65,12 +66,13 @@ private:
     using Handle = std::unique_ptr<ps_decoder_s, Delete>;
 
     explicit Decoder(Handle handle);
+    [[nodiscard]] std::vector<float> expectedMean(std::span<const std::int16_t> opening);
 
     Handle handle_;
     bool inUtterance_ = false;
     QStringList searches_;
-    /// The mean of the model's training: every utterance starts from it, so that none depends on those
-    /// before.
+    /// The mean of the features in the model's training: every utterance starts from it, so that none depends
+    /// on those before.
     std::vector<float> initialMean_;
 };
 

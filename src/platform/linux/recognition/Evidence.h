@@ -4,9 +4,19 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <span>
 
 namespace brivandel {
+
+/// Whether the reference has the words of the phrase in a row. What follows them may be music, unless more
+/// words would make another phrase.
+enum class Agreement : std::uint8_t {
+    None,
+    /// All but the first of the wake phrase: "the logic", for who swallows the "hey".
+    ButForTheFirstWord,
+    Whole,
+};
 
 /// How much worse a phrase fits the sound than the best that any words would give, as the mean over frames of
 /// a logarithm: near 0 when the phrase was said, far below when something else was. Each in the engine's
@@ -18,22 +28,26 @@ struct Evidence {
     double ofCommand = 0;
     double ofWorstCommandWord = 0;
     /// Of the frames that have words in the reference, how many have words in the phrase: a phrase can pass
-    /// over speech as noise.
+    /// over speech as noise. None when there are no words in the reference.
     double coverage = 1;
     /// How many more words the reference has.
     qsizetype surplusWords = 0;
-    /// The reference ends with the words of the phrase.
-    bool isAgreed = false;
+    Agreement agreement = Agreement::None;
     /// By how much better the phrase fits than those that sound nearly the same, for each frame of the word
     /// that parts them: small when the sound would do for either. Large where nothing sounds the same.
     double distinction = 1000;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
-    /// phrase and reference are of the same sound, both scored in full. The first words of the phrase, so
-    /// many as wakeWordCount says, are the wake phrase.
+    struct Phrase {
+        /// So many of the first words are the wake phrase.
+        qsizetype wakeWordCount = 0;
+        /// More words would make another phrase of it.
+        bool mayGoOn = false;
+    };
+    /// phrase and reference are of the same sound, both scored in full.
     [[nodiscard]] static Evidence weigh(std::span<const HeardSegment> phrase,
-                                        std::span<const HeardSegment> reference, qsizetype wakeWordCount);
+                                        std::span<const HeardSegment> reference, Phrase kind);
 
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }

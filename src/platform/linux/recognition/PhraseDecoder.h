@@ -13,7 +13,8 @@ namespace brivandel {
 /// says where the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone
 /// fails: the first misses phrases in noise, the second makes a command of every sentence. Where both hear
 /// the same words, that was said. Where they do not, the end of the utterance decides by how much worse the
-/// grammar's words fit the sound than the best of any words, which a third decoder, the reference, finds.
+/// grammar's words fit the sound than the best of any words, which a third decoder, the reference, finds; or
+/// the reference itself hears a command.
 class PhraseDecoder final : public UtteranceDecoder {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.
@@ -27,11 +28,14 @@ public:
     void begin(Expecting expecting) override;
     void process(std::span<const std::int16_t> samples) override;
     [[nodiscard]] std::optional<Reading> interim() override;
-    [[nodiscard]] bool isPromising() const override;
+    [[nodiscard]] bool isPromising() override;
     [[nodiscard]] Conclusion conclude() override;
 
 private:
     PhraseDecoder() = default;
+
+    void beginGate();
+    [[nodiscard]] std::vector<HeardSegment> heardByGate();
 
     /// What is for us among what the gate heard; empty when nothing is.
     struct Addressed {
@@ -39,10 +43,19 @@ private:
         AudioTime begin{0};
     };
     [[nodiscard]] Addressed addressed(const std::vector<HeardSegment>& heard) const;
-    [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const Addressed& addressed);
+    [[nodiscard]] std::vector<HeardSegment> decodeByGrammar(const QStringList& saidWords,
+                                                            std::span<const std::int16_t> sound);
+    /// phrase is what the grammar makes of the sound.
+    [[nodiscard]] Conclusion judge(const std::vector<HeardSegment>& phrase,
+                                   std::span<const std::int16_t> sound);
+    /// The command that the reference heard, which knows the phrases and much else, where the grammar heard
+    /// another one: so far it has always been right. Between two that sound alike neither can be trusted.
+    [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
+                                                      const QStringList& heard) const;
     [[nodiscard]] bool isHeardByGrammar(const Addressed& said);
     /// How the phrase stands out from those that sound nearly the same.
-    [[nodiscard]] double distinction(AudioTime begin, std::span<const HeardSegment> phrase);
+    [[nodiscard]] double distinction(std::span<const std::int16_t> sound,
+                                     std::span<const HeardSegment> phrase);
     [[nodiscard]] bool isBrokenOff(const Addressed& said);
     [[nodiscard]] std::optional<Reading> wakePhraseOf(const QStringList& words) const;
     [[nodiscard]] std::span<const std::int16_t> soundSince(AudioTime begin) const;
@@ -54,6 +67,7 @@ private:
 
     Expecting expecting_ = Expecting::WakePhrase;
     std::vector<std::int16_t> utterance_;
+    bool gateHasBegun_ = false;
     /// What the gate had heard when the grammar was last asked in this utterance, and what came of it.
     QStringList askedFor_;
     std::optional<Reading> answer_;

@@ -10,7 +10,7 @@ HeardSegment segment(const char16_t* word, int first, int count, double perFrame
 TEST(Evidence, PhraseThatFitsAsWellAsAnyWords_IsProved) {
     const std::vector heard = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -35),
                                segment(u"play", 60, 40, -40)};
-    const Evidence evidence = Evidence::weigh(heard, heard, 2);
+    const Evidence evidence = Evidence::weigh(heard, heard, {.wakeWordCount = 2});
     EXPECT_EQ(evidence.ofAll, 0);
     EXPECT_TRUE(evidence.provesWakePhrase());
     EXPECT_TRUE(evidence.provesCommand());
@@ -21,7 +21,7 @@ TEST(Evidence, OneWrongWordOfTheWakePhrase_DisprovesIt) {
                                 segment(u"play", 60, 40, -40)};
     const std::vector reference = {segment(u"the", 0, 20, -30), segment(u"logic", 20, 40, -35),
                                    segment(u"play", 60, 40, -40)};
-    const Evidence evidence = Evidence::weigh(phrase, reference, 2);
+    const Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
     EXPECT_EQ(evidence.ofWakePhrase, -60);
     EXPECT_FALSE(evidence.provesWakePhrase());
     EXPECT_EQ(evidence.ofCommand, 0);
@@ -32,7 +32,7 @@ TEST(Evidence, WrongCommand_LeavesTheWakePhraseProved) {
                                 segment(u"play", 60, 40, -90)};
     const std::vector reference = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -35),
                                    segment(u"nice", 60, 20, -30), segment(u"day", 80, 20, -40)};
-    const Evidence evidence = Evidence::weigh(phrase, reference, 2);
+    const Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
     EXPECT_TRUE(evidence.provesWakePhrase());
     EXPECT_EQ(evidence.ofCommand, -55);
     EXPECT_FALSE(evidence.provesCommand());
@@ -41,7 +41,7 @@ TEST(Evidence, WrongCommand_LeavesTheWakePhraseProved) {
 TEST(Evidence, PausesCountInTheWholeOnly) {
     const std::vector phrase = {segment(u"", 0, 50, -80), segment(u"play", 50, 50, -30)};
     const std::vector reference = {segment(u"talk", 0, 50, -30), segment(u"play", 50, 50, -30)};
-    const Evidence evidence = Evidence::weigh(phrase, reference, 0);
+    const Evidence evidence = Evidence::weigh(phrase, reference, {});
     EXPECT_EQ(evidence.ofCommand, 0);
     EXPECT_EQ(evidence.ofAll, -25);
     EXPECT_FALSE(evidence.provesCommand()) << "half of the utterance was something else";
@@ -51,7 +51,7 @@ TEST(Evidence, SpeechPassedOverAsNoise_DisprovesTheCommand) {
     const std::vector phrase = {segment(u"stop", 0, 30, -30), segment(u"", 30, 70, -30)};
     const std::vector reference = {segment(u"topic", 0, 40, -30), segment(u"we", 40, 30, -30),
                                    segment(u"learned", 70, 30, -30)};
-    const Evidence evidence = Evidence::weigh(phrase, reference, 0);
+    const Evidence evidence = Evidence::weigh(phrase, reference, {});
     EXPECT_DOUBLE_EQ(evidence.coverage, 0.3);
     EXPECT_FALSE(evidence.provesCommand());
 }
@@ -62,9 +62,9 @@ TEST(Evidence, FewLongWordsForManyShortOnes_DisproveTheCommand) {
     for (int i = 0; i < 3; ++i) {
         reference.push_back(segment(u"we", i * 20, 20, -30));
     }
-    EXPECT_TRUE(Evidence::weigh(phrase, reference, 0).provesCommand());
+    EXPECT_TRUE(Evidence::weigh(phrase, reference, {}).provesCommand());
     reference.push_back(segment(u"are", 60, 20, -30));
-    EXPECT_FALSE(Evidence::weigh(phrase, reference, 0).provesCommand());
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, {}).provesCommand());
 }
 
 TEST(Evidence, WordsThatTheReferenceHearsToo_AreProvedByLess) {
@@ -72,9 +72,9 @@ TEST(Evidence, WordsThatTheReferenceHearsToo_AreProvedByLess) {
                                 segment(u"play", 60, 40, -60)};
     std::vector reference = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
                              segment(u"play", 60, 40, -43)};
-    EXPECT_TRUE(Evidence::weigh(phrase, reference, 2).provesCommand());
+    EXPECT_TRUE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesCommand());
     reference.back().word = QStringLiteral("clay");
-    const Evidence disputed = Evidence::weigh(phrase, reference, 2);
+    const Evidence disputed = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
     EXPECT_TRUE(disputed.provesWakePhrase());
     EXPECT_FALSE(disputed.provesCommand());
     EXPECT_EQ(disputed.weakest().what, QStringLiteral("the command fits badly"));
@@ -85,7 +85,40 @@ TEST(Evidence, WordsBeforeTheWakePhrase_AreNoDispute) {
     const std::vector phrase = {segment(u"hey", 20, 20, -40), segment(u"logic", 40, 40, -40)};
     const std::vector reference = {segment(u"so", 0, 20, -40), segment(u"hey", 20, 20, -40),
                                    segment(u"logic", 40, 40, -40)};
-    EXPECT_TRUE(Evidence::weigh(phrase, reference, 2).isAgreed);
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).agreement, Agreement::Whole);
+}
+
+TEST(Evidence, MusicAfterThePhrase_IsADisputeOnlyWhereMoreWordsCouldFollow) {
+    const std::vector phrase = {segment(u"stop", 0, 40, -40), segment(u"", 40, 20, -60)};
+    const std::vector reference = {segment(u"stop", 0, 40, -40), segment(u"who", 40, 20, -40)};
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {.mayGoOn = false}).agreement, Agreement::Whole);
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {.mayGoOn = true}).agreement, Agreement::None);
+}
+
+TEST(Evidence, SwallowedFirstWordBeforeACommandThatIsAgreed_IsForgiven) {
+    std::vector phrase = {segment(u"hey", 0, 10, -80), segment(u"logic", 10, 40, -40),
+                          segment(u"undo", 50, 40, -40)};
+    std::vector reference = {segment(u"the", 0, 10, -40), segment(u"logic", 10, 40, -40),
+                             segment(u"undo", 50, 40, -40)};
+    const Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
+    EXPECT_EQ(evidence.agreement, Agreement::ButForTheFirstWord);
+    EXPECT_TRUE(evidence.provesCommand());
+
+    reference.back().word = QStringLiteral("and");
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesWakePhrase());
+    reference[1].word = QStringLiteral("magic");
+    reference.back().word = QStringLiteral("undo");
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesWakePhrase());
+    // A wake phrase of one word has none to spare.
+    phrase.erase(phrase.begin() + 1);
+    reference.erase(reference.begin() + 1);
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 1}).provesWakePhrase());
+}
+
+TEST(Evidence, NoWordsInTheReference_DisproveTheCommand) {
+    const std::vector drum = {segment(u"save", 0, 70, -35)};
+    const std::vector silence = {segment(u"", 0, 70, -30)};
+    EXPECT_FALSE(Evidence::weigh(drum, silence, {}).provesCommand());
 }
 
 TEST(Evidence, SoundAlikeThatFitsBetter_DisprovesTheCommandAndNotTheWakePhrase) {
@@ -93,7 +126,7 @@ TEST(Evidence, SoundAlikeThatFitsBetter_DisprovesTheCommandAndNotTheWakePhrase) 
                             segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
     const std::vector off = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
                              segment(u"click", 60, 25, -30), segment(u"off", 85, 15, -26)};
-    Evidence evidence = Evidence::weigh(on, on, 2);
+    Evidence evidence = Evidence::weigh(on, on, {.wakeWordCount = 2});
     ASSERT_TRUE(evidence.provesCommand());
     evidence.distinction = Evidence::distinguish(on, off);
     EXPECT_EQ(evidence.distinction, -3) << "60 less for the 20 frames of one word";
@@ -117,7 +150,7 @@ TEST(Evidence, SoundAlikeThatIsNotHeardAtAll_IsNoRival) {
 }
 
 TEST(Evidence, NothingHeard_IsNeutral) {
-    const Evidence evidence = Evidence::weigh({}, {}, 0);
+    const Evidence evidence = Evidence::weigh({}, {}, {});
     EXPECT_EQ(evidence.ofAll, 0);
     EXPECT_FALSE(isOutOfQuestion({}));
 }

@@ -2,8 +2,11 @@
 #include "platform/linux/recognition/OfflineSpeechRecognition.h"
 #include "platform/linux/recognition/SyntheticSpeech.h"
 
+#include <array>
+#include <cmath>
 #include <condition_variable>
 #include <mutex>
+#include <numbers>
 
 namespace brivandel {
 namespace {
@@ -41,6 +44,23 @@ struct Heard {
     QStringList partials;
     QString final;
 };
+
+/// Adds notes of a plucked string at 16 kHz, one every 0.4 seconds, some 12 dB below a voice.
+void addPlucking(std::vector<float>& samples) {
+    constexpr std::size_t distance = 6400;
+    constexpr std::array<float, 5> pitchesHz = {220, 277.2F, 329.6F, 246.9F, 415.3F};
+    for (std::size_t begin = 0; begin < samples.size(); begin += distance) {
+        const float pitch = pitchesHz[begin / distance % pitchesHz.size()];
+        for (std::size_t at = begin; at < samples.size() && at < begin + 3 * distance; ++at) {
+            const float seconds = static_cast<float>(at - begin) / 16000;
+            for (int partial = 1; partial <= 8; ++partial) {
+                const auto order = static_cast<float>(partial);
+                samples[at] += 0.04F / order * std::exp(-2 * order * seconds) *
+                               std::sin(2 * std::numbers::pi_v<float> * pitch * order * seconds);
+            }
+        }
+    }
+}
 
 /// One recogniser and one synthesiser for all tests of this program.
 class SpeechTest : public testing::Test {
@@ -160,6 +180,15 @@ TEST_F(SpeechTest, ThoughtBeforeTheBarNumber_IsWaitedFor) {
         EXPECT_EQ(listenTo(voice, {QStringLiteral("hey logic, go to bar"), QStringLiteral("twelve")}).final,
                   QStringLiteral("hey logic go to bar 12"))
             << qPrintable(voice);
+    }
+}
+
+TEST_F(SpeechTest, MusicBeforeAndAfterACommand_LeavesItHeard) {
+    for (const QString& phrase : lines(u"start recording|go to start|save project|loop this section")) {
+        Sound sound =
+            speech_->speak(QStringLiteral("rms"), {wakePhrase + QStringLiteral(", ") + phrase}, 2s, 16000, 1);
+        addPlucking(sound.samples);
+        EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
     }
 }
 
