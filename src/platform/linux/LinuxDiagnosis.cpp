@@ -168,7 +168,7 @@ void lookAtKeys(std::vector<Finding>& findings, const QString& wanted) {
     const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
     if (standIn == nullptr && targetChoice->setting().problem.isEmpty()) {
         findings.push_back({QStringLiteral("target"), State::Wanting, std::get<QString>(outlook.choice),
-                            QStringLiteral("or end all but one")});
+                            QStringLiteral("or name one with --target or BRIVANDEL_TARGET")});
         return;
     }
     Finding target = lookAtTarget(report.target, outlook.target(), targetChoice->setting());

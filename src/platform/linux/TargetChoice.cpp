@@ -12,7 +12,7 @@ namespace {
 std::shared_ptr<const StandInChoice> standInFor(const TargetSetting& setting,
                                                 const KnownWorkstations& known) {
     if (setting.problem.isEmpty()) {
-        return std::make_shared<WorkstationChoice>(setting.name, known);
+        return std::make_shared<WorkstationChoice>(setting.name, known, targetFilePath());
     }
     // Whoever named a program does not want another one to get the keys.
     return std::make_shared<NoStandIn>(

@@ -89,6 +89,14 @@ TEST_F(TargetChoiceTest, SettingThatCannotBeRead_IsSaidAndNobodyIsChosen) {
         << qPrintable(choice->inWords());
 }
 
+TEST_F(TargetChoiceTest, TwoRunAndNobodyIsNamed_SaysTheFileToNameOneIn) {
+    writeProfile();
+    desktop_.running = {QStringLiteral("alpha"), QStringLiteral("Logic Pro")};
+    const QString words = read()->inWords();
+    EXPECT_TRUE(words.contains(QStringLiteral("name one in %1,").arg(settingPath()))) << qPrintable(words);
+    EXPECT_FALSE(words.contains(QStringLiteral("--target"))) << qPrintable(words);
+}
+
 TEST_F(TargetChoiceTest, NoDisplay_IsSaid) {
     desktop_.display = KeyFailure{KeyFailure::Kind::NoDisplay, QStringLiteral("There is no X display.")};
     EXPECT_EQ(read()->inWords(), QStringLiteral("There is no X display."));
