@@ -49,11 +49,12 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
         *platform->log, recognitionModelProblem, [audio] { return audio->server().hasMicrophone(); });
     platform->notifier = std::make_unique<DBusNotifier>();
     platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
-    const auto target = readTargetChoice(options.target);
+    auto target = readTargetChoice(options.target);
     for (const QString& problem : target->known().problems) {
         platform->log->write(QStringLiteral("Workstation profile: ") + problem);
     }
     platform->scriptHost = scriptHostFor(*target);
+    platform->target = std::move(target);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->defaults = std::make_unique<PropertyListDefaultsStore>(
         userDefaultsPath(), *platform->log, platform->workQueue.get(),

@@ -41,8 +41,4 @@ TargetList listTargets(const QString& wanted) {
     return list;
 }
 
-QString targetInWords(const QString& wanted) {
-    return readTargetChoice(wanted)->inWords();
-}
-
 } // namespace brivandel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Targets.h"
 #include "platform/linux/TargetSetting.h"
 #include "platform/linux/applescript/StandIn.h"
 #include "platform/linux/keys/KeySender.h"
@@ -26,7 +27,7 @@ struct TargetOutlook {
 /// Which program stands for "Logic Pro", by what was said of that and the workstations that are known. Both
 /// are read once; which workstations run is asked anew each time. Scripts, and those who tell a person about
 /// them, go by the same of these, so that they cannot disagree. Any thread.
-class TargetChoice {
+class TargetChoice final : public TargetInquiry {
 public:
     /// display: asked which workstations run.
     TargetChoice(TargetSetting setting, KnownWorkstations known, std::unique_ptr<KeySender> display);
@@ -39,8 +40,7 @@ public:
 
     /// Takes up to two seconds.
     [[nodiscard]] TargetOutlook look() const;
-    /// Which program a command would go to now, as a sentence, or why to none. Takes up to two seconds.
-    [[nodiscard]] QString inWords() const;
+    [[nodiscard]] QString inWords() const override;
 
 private:
     TargetSetting setting_;
