@@ -39,8 +39,7 @@ QString keyText(std::uint16_t code) {
     static const std::map<std::uint16_t, QString> names = {
         {36, QStringLiteral("Return")}, {41, QStringLiteral(";")},        {44, QStringLiteral("/")},
         {49, QStringLiteral("Space")},  {75, QStringLiteral("Keypad /")}, {51, QStringLiteral("Backspace")},
-        {101, QStringLiteral("F9")},    {115, QStringLiteral("Home")},    {121, QStringLiteral("Page Down")},
-        {124, QStringLiteral("→")}};
+        {115, QStringLiteral("Home")},  {124, QStringLiteral("→")}};
     const auto found = names.find(code);
     return found == names.end() ? QStringLiteral("key code %1").arg(code) : found->second;
 }
