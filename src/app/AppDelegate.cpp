@@ -38,8 +38,7 @@ const auto launchedBeforeKey = QStringLiteral("hasLaunchedBefore");
 } // namespace
 
 AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                         const QString& lastFailurePath, std::function<QString()> target,
-                         std::optional<Appearance> forcedAppearance)
+                         const QString& lastFailurePath, std::optional<Appearance> forcedAppearance)
     : platform_(platform)
     , desktop_(desktop)
     , voiceController_(voiceController)
@@ -49,7 +48,7 @@ AppDelegate::AppDelegate(Platform& platform, Desktop& desktop, VoiceController& 
                            std::chrono::floor<std::chrono::milliseconds>(queue.wallTime().time_since_epoch());
                        return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
                    })
-    , targetWatch_(*platform.mainQueue, *platform.workQueue, std::move(target))
+    , targetWatch_(*platform.mainQueue, *platform.workQueue, *platform.target)
     , phraseAdvice_(voiceController, {*platform.mainQueue, *platform.workQueue, platform.pronunciations})
     , spokenTrial_(voiceController, platform)
     , forcedAppearance_(forcedAppearance)

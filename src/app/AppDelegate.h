@@ -11,7 +11,6 @@
 #include <QMenu>
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -32,11 +31,9 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 public:
     /// What the shell stands on must outlive it. lastFailurePath: the file that keeps the last failure over
-    /// the end of the program. target: as TargetWatch asks it. forcedAppearance: light or dark whatever the
-    /// desktop says.
+    /// the end of the program. forcedAppearance: light or dark whatever the desktop says.
     AppDelegate(Platform& platform, Desktop& desktop, VoiceController& voiceController,
-                const QString& lastFailurePath, std::function<QString()> target,
-                std::optional<Appearance> forcedAppearance = {});
+                const QString& lastFailurePath, std::optional<Appearance> forcedAppearance = {});
     ~AppDelegate() override;
 
     /// Once, when the event loop is about to run.

@@ -6,7 +6,6 @@
 #include "platform/Desktop.h"
 #include "platform/Platform.h"
 #include "platform/PlatformFactory.h"
-#include "platform/Targets.h"
 #include "widgets/Symbol.h"
 
 #include <QApplication>
@@ -157,9 +156,8 @@ int runBrivandelApp(int& argumentCount, char** arguments, std::ostream& errors) 
     }
 
     const auto desktop = makeDesktop();
-    AppDelegate delegate(
-        VoiceController::sharedPlatform(), *desktop, VoiceController::shared(), lastFailurePath(),
-        [] { return targetInWords({}); }, options.appearance);
+    AppDelegate delegate(VoiceController::sharedPlatform(), *desktop, VoiceController::shared(),
+                         lastFailurePath(), options.appearance);
     QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QCoreApplication::quit);
     QObject::connect(&instance, &SingleInstance::requested, &delegate, &AppDelegate::handle);
     delegate.applicationDidFinishLaunching();

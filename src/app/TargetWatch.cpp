@@ -1,23 +1,24 @@
 #include "app/TargetWatch.h"
 
 #include "platform/MainQueue.h"
+#include "platform/Targets.h"
 #include "platform/WorkQueue.h"
 
 #include <utility>
 
 namespace brivandel {
 
-TargetWatch::TargetWatch(MainQueue& mainQueue, WorkQueue& workQueue, std::function<QString()> ask)
+TargetWatch::TargetWatch(MainQueue& mainQueue, WorkQueue& workQueue, const TargetInquiry& target)
     : mainQueue_(mainQueue)
     , workQueue_(workQueue)
-    , ask_(std::move(ask)) {}
+    , target_(target) {}
 
 TargetWatch::~TargetWatch() = default;
 
 void TargetWatch::begin() {
     auto answered = lifeline_.guard([this](const QString& sentence) { takeAnswer(sentence); });
-    workQueue_.run([&queue = mainQueue_, ask = ask_, answered = std::move(answered)] {
-        queue.post([answered, sentence = ask()]() mutable { answered(sentence); });
+    workQueue_.run([&queue = mainQueue_, &target = target_, answered = std::move(answered)] {
+        queue.post([answered, sentence = target.inWords()]() mutable { answered(sentence); });
     });
 }
 

@@ -6,12 +6,12 @@
 #include <QString>
 
 #include <chrono>
-#include <functional>
 #include <memory>
 
 namespace brivandel {
 
 class MainQueue;
+class TargetInquiry;
 class Timer;
 class WorkQueue;
 
@@ -23,8 +23,9 @@ public:
     /// How old the answer may be when somebody looks at it: longer than a workstation takes to start.
     static constexpr std::chrono::seconds interval{15};
 
-    /// ask: called on the work queue, one call at a time, and may take seconds. Both queues outlive this.
-    TargetWatch(MainQueue& mainQueue, WorkQueue& workQueue, std::function<QString()> ask);
+    /// target: asked on the work queue, one question at a time. All three outlive this, and the work that is
+    /// on the queue.
+    TargetWatch(MainQueue& mainQueue, WorkQueue& workQueue, const TargetInquiry& target);
     ~TargetWatch() override;
 
     void begin();
@@ -39,7 +40,7 @@ private:
 
     MainQueue& mainQueue_;
     WorkQueue& workQueue_;
-    std::function<QString()> ask_;
+    const TargetInquiry& target_;
     QString sentence_;
     std::unique_ptr<Timer> untilNext_;
     Lifeline lifeline_;

@@ -12,6 +12,7 @@
 #include "platform/PronunciationGuide.h"
 #include "platform/ScriptHost.h"
 #include "platform/SpeechRecognition.h"
+#include "platform/Targets.h"
 #include "platform/WorkQueue.h"
 
 #include <memory>
@@ -30,6 +31,7 @@ struct Platform {
     std::unique_ptr<Notifier> notifier;
     std::unique_ptr<Beeper> beeper;
     std::unique_ptr<ScriptHost> scriptHost;
+    std::unique_ptr<const TargetInquiry> target; ///< of the scripts that the host runs
     std::unique_ptr<WorkQueue> workQueue;
     std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<AudioDevices> audioDevices;

@@ -27,8 +27,12 @@ struct TargetList {
 /// rule. Takes up to two seconds. Main thread of a program that does nothing else. Defined once a system.
 [[nodiscard]] TargetList listTargets(const QString& wanted);
 
-/// Which program a command would go to now, as a sentence, or why to none. Takes up to two seconds. Any thread.
-/// Defined once a system.
-[[nodiscard]] QString targetInWords(const QString& wanted);
+/// Tells a person where the scripts of one platform go, by the very rule that they go by. Any thread.
+class TargetInquiry {
+public:
+    virtual ~TargetInquiry() = default;
+    /// Which program a command would go to now, as a sentence, or why to none. Takes up to two seconds.
+    [[nodiscard]] virtual QString inWords() const = 0;
+};
 
 } // namespace brivandel

@@ -63,8 +63,7 @@ protected:
     ScriptedDesktop scripted = makeScriptedDesktop();
     QTemporaryDir folder;
     AppDelegate delegate{*listening.scripted.platform, *scripted.desktop, listening.controller,
-                         folder.filePath(QStringLiteral("last-failure.json")),
-                         [] { return QStringLiteral("Commands go to a workstation."); }};
+                         folder.filePath(QStringLiteral("last-failure.json"))};
 };
 
 TEST_F(AppDelegateTest, FirstLaunch_ShowsTheWalkthroughAndRemembers) {

@@ -1,5 +1,6 @@
 #include "app/TargetWatch.h"
 
+#include "platform/Targets.h"
 #include "platform/WorkQueue.h"
 #include "platform/scripted/VirtualMainQueue.h"
 
@@ -29,21 +30,26 @@ public:
     std::vector<std::function<void()>> held;
 };
 
+/// Answers what the test says.
+class SettledInquiry final : public TargetInquiry {
+public:
+    [[nodiscard]] QString inWords() const override { return sentence; }
+    QString sentence;
+};
+
 class TargetWatchTest : public testing::Test {
 protected:
-    TargetWatchTest() {
-        watch_.emplace(mainQueue_, workQueue_, [this] { return answer_; });
-    }
+    TargetWatchTest() { watch_.emplace(mainQueue_, workQueue_, target_); }
 
     void answer(const QString& sentence) {
-        answer_ = sentence;
+        target_.sentence = sentence;
         workQueue_.doAll();
         mainQueue_.runDue();
     }
 
     VirtualMainQueue mainQueue_;
     HeldWorkQueue workQueue_;
-    QString answer_;
+    SettledInquiry target_;
     std::optional<TargetWatch> watch_;
 };
 

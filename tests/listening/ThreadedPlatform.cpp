@@ -304,6 +304,7 @@ std::unique_ptr<Platform> makeThreadedPlatform(Hearing hearing, ThreadedCounts& 
     platform->notifier = std::make_unique<CountingServices>(counts);
     platform->beeper = std::make_unique<CountingServices>(counts);
     platform->scriptHost = std::make_unique<CountingScriptHost>(counts);
+    platform->target = std::make_unique<ScriptedTargetInquiry>();
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->pronunciations = std::make_shared<ScriptedPronunciationGuide>();
     platform->defaults = std::make_unique<MemoryDefaultsStore>();

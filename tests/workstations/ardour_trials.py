@@ -136,8 +136,8 @@ def trials(ardour):
                 lambda _: rolls(_) and remote.loops())
     yield Trial("undo", "takes back the mark set last", REMOTE, begin.marked, lambda marks: remote.marks() != marks)
     yield Trial("redo", "sets it again", REMOTE, begin.unmarked, lambda marks: remote.marks() != marks)
-    yield Trial("start recording", "records on the armed track", REMOTE, begin.stopped, lambda _: remote.records(),
-                spoken="record")
+    yield Trial("start recording", "records on the armed track", REMOTE, begin.stopped,
+                lambda _: remote.records() and remote.is_track_armed(), spoken="record")
     yield Trial("stop recording", "stops and disarms", REMOTE, begin.recording, lambda _: stands(_) and not remote.is_armed())
     yield Trial("count me in", "counts a bar, then records", REMOTE, begin.about_to_count, counted_in)
     yield Trial("delete last take", "takes the recording out", SESSION, begin.with_take,

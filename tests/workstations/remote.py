@@ -49,7 +49,12 @@ class Remote:
     def records(self):
         return self.rolls() and self._is_on("/rec_enable_toggle")
 
+    def is_track_armed(self):
+        """The first track; without it, nothing of what is recorded is kept."""
+        return self._said.get(("/strip/recenable", 1), [1, 0])[1] == 1
+
     def is_armed(self):
+        """The session as a whole."""
         return self._is_on("/rec_enable_toggle")
 
     def loops(self):
@@ -99,7 +104,7 @@ class Remote:
 
     def arm_track(self):
         self._send("/strip/recenable", 1, 1)
-        self.need(lambda: self._said.get(("/strip/recenable", 1), [0, 0])[1] == 1, "the track is not armed")
+        self.need(self.is_track_armed, "the track is not armed")
 
     def save(self):
         self._send("/save_state")

@@ -48,6 +48,7 @@ public:
         platform_.beeper = std::make_unique<SilentServices>();
         platform_.scriptHost = std::make_unique<ObservedScriptHost>(
             options.scriptHost, [this, &report](const auto& error) { report.script(seconds(), error); });
+        platform_.target = std::make_unique<ScriptedTargetInquiry>();
         platform_.defaults = std::make_unique<MemoryDefaultsStore>(options.storedObjects);
         platform_.audioDevices = std::make_unique<NoAudioDevices>();
         platform_.audioEngine = std::move(audioEngine);

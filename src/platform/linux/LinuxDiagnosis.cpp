@@ -148,8 +148,9 @@ void lookAtProfiles(std::vector<Finding>& findings, const KnownWorkstations& kno
 }
 
 void lookAtKeys(std::vector<Finding>& findings, const QString& wanted) {
-    const TargetOutlook outlook = lookForTarget(wanted);
-    lookAtProfiles(findings, outlook.known);
+    const auto targetChoice = readTargetChoice(wanted);
+    const TargetOutlook outlook = targetChoice->look();
+    lookAtProfiles(findings, targetChoice->known());
     const KeySenderReport report = X11KeySender().report(outlook.target());
     const QString display = QStringLiteral("display");
     if (!report.problem.isEmpty()) {
@@ -165,12 +166,12 @@ void lookAtKeys(std::vector<Finding>& findings, const QString& wanted) {
                           "start one: without it, windows cannot be brought to the front properly")}
             : Finding{QStringLiteral("window manager"), State::Well, report.windowManager, {}});
     const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
-    if (standIn == nullptr && outlook.setting.problem.isEmpty()) {
+    if (standIn == nullptr && targetChoice->setting().problem.isEmpty()) {
         findings.push_back({QStringLiteral("target"), State::Wanting, std::get<QString>(outlook.choice),
-                            QStringLiteral("or end all but one")});
+                            QStringLiteral("or name one with --target or BRIVANDEL_TARGET")});
         return;
     }
-    Finding target = lookAtTarget(report.target, outlook.target(), outlook.setting);
+    Finding target = lookAtTarget(report.target, outlook.target(), targetChoice->setting());
     if (target.state == State::Well && standIn->keys) {
         target.detail += QStringLiteral(", in the keys of its profile");
     }

@@ -28,6 +28,14 @@
 
 namespace brivandel {
 
+namespace {
+
+std::unique_ptr<ScriptHost> scriptHostFor(const TargetChoice& target) {
+    return std::make_unique<LinuxScriptHost>(std::make_unique<X11KeySender>(), target.standIn());
+}
+
+} // namespace
+
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     auto platform = std::make_unique<Platform>();
     const auto audio = std::make_shared<PulseAudioContext>();
@@ -41,10 +49,12 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
         *platform->log, recognitionModelProblem, [audio] { return audio->server().hasMicrophone(); });
     platform->notifier = std::make_unique<DBusNotifier>();
     platform->beeper = std::make_unique<SoundThemeBeeper>(*platform->log);
-    for (const QString& problem : readKnownWorkstations().problems) {
+    auto target = readTargetChoice(options.target);
+    for (const QString& problem : target->known().problems) {
         platform->log->write(QStringLiteral("Workstation profile: ") + problem);
     }
-    platform->scriptHost = makeScriptHost(options);
+    platform->scriptHost = scriptHostFor(*target);
+    platform->target = std::move(target);
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->defaults = std::make_unique<PropertyListDefaultsStore>(
         userDefaultsPath(), *platform->log, platform->workQueue.get(),
@@ -86,8 +96,7 @@ std::variant<QVariantMap, QString> readDefaultsFile(const QString& path) {
 }
 
 std::unique_ptr<ScriptHost> makeScriptHost(const PlatformOptions& options) {
-    return std::make_unique<LinuxScriptHost>(
-        std::make_unique<X11KeySender>(), makeStandInChoice(targetSetting(options), readKnownWorkstations()));
+    return scriptHostFor(*readTargetChoice(options.target));
 }
 
 std::unique_ptr<SpeechRecognition> makeFileSpeechRecognition() {

@@ -5,19 +5,20 @@
 namespace brivandel {
 
 TargetList listTargets(const QString& wanted) {
-    const TargetOutlook outlook = lookForTarget(wanted);
+    const auto targetChoice = readTargetChoice(wanted);
+    const TargetOutlook outlook = targetChoice->look();
     const bool isKnownWhatRuns = outlook.running.problem().isEmpty();
     const auto isRunning = [&](const std::optional<TargetName>& process) {
         return isKnownWhatRuns ? std::optional(process && outlook.running(*process)) : std::nullopt;
     };
 
     TargetList list;
-    list.problems = outlook.known.problems;
+    list.problems = targetChoice->known().problems;
     const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
     if (standIn == nullptr) {
         list.problems += std::get<QString>(outlook.choice);
     }
-    for (const auto& [profile, path] : outlook.known.all) {
+    for (const auto& [profile, path] : targetChoice->known().all) {
         list.targets.push_back({.name = profile.name,
                                 .isRunning = isRunning(runningProcess(profile, outlook.running)),
                                 .isChosen = standIn != nullptr && standIn->keys == profile.keys,
@@ -38,18 +39,6 @@ TargetList listTargets(const QString& wanted) {
         addWithoutProfile(outlook.target());
     }
     return list;
-}
-
-QString targetInWords(const QString& wanted) {
-    const TargetOutlook outlook = lookForTarget(wanted);
-    const auto* const standIn = std::get_if<StandIn>(&outlook.choice);
-    if (standIn == nullptr) {
-        return std::get<QString>(outlook.choice);
-    }
-    const TargetName target = outlook.target();
-    const QString name = standIn->name.isEmpty() ? target.text : standIn->name;
-    return outlook.running(target) ? QStringLiteral("Commands go to %1.").arg(name)
-                                   : QStringLiteral("Commands go to %1, which is not running.").arg(name);
 }
 
 } // namespace brivandel

@@ -31,6 +31,7 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
     platform->notifier = makeMacNotifier();
     platform->beeper = makeMacBeeper();
     platform->scriptHost = makeScriptHost(options);
+    platform->target = makeMacTargetInquiry();
     platform->workQueue = std::make_unique<ThreadWorkQueue>();
     platform->defaults = makeMacDefaultsStore(*platform->log);
     platform->audioDevices = makeMacAudioDevices();

@@ -10,6 +10,7 @@
 #include "platform/Permissions.h"
 #include "platform/ScriptHost.h"
 #include "platform/SpeechRecognition.h"
+#include "platform/Targets.h"
 
 #include <QString>
 
@@ -48,6 +49,9 @@ class MainQueue;
 
 /// NSAppleScript. Scripts of all hosts of the process run one after another.
 [[nodiscard]] std::unique_ptr<ScriptHost> makeMacScriptHost();
+
+/// Scripts name the workstation themselves, so it is always the same.
+[[nodiscard]] std::unique_ptr<const TargetInquiry> makeMacTargetInquiry();
 
 /// Speech. The vocabulary is not asked for: the system's own is large. What captureEnd is told is the error
 /// of the newest session; that one comes on the main thread.

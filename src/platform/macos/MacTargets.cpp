@@ -1,7 +1,23 @@
 #include "platform/Targets.h"
+#include "platform/macos/MacServices.h"
 #include "platform/macos/MacTrust.h"
 
+#include <memory>
+
 namespace brivandel {
+
+namespace {
+
+class MacTargetInquiry final : public TargetInquiry {
+public:
+    [[nodiscard]] QString inWords() const override {
+        return isRunning(QStringLiteral("Logic Pro"))
+                   ? QStringLiteral("Commands go to Logic Pro.")
+                   : QStringLiteral("Commands go to Logic Pro, which is not running.");
+    }
+};
+
+} // namespace
 
 // Logic Pro itself is here, and nothing stands for it.
 TargetList listTargets(const QString& /*wanted*/) {
@@ -15,10 +31,8 @@ TargetList listTargets(const QString& /*wanted*/) {
     return list;
 }
 
-QString targetInWords(const QString& /*wanted*/) {
-    return isRunning(QStringLiteral("Logic Pro"))
-               ? QStringLiteral("Commands go to Logic Pro.")
-               : QStringLiteral("Commands go to Logic Pro, which is not running.");
+std::unique_ptr<const TargetInquiry> makeMacTargetInquiry() {
+    return std::make_unique<MacTargetInquiry>();
 }
 
 } // namespace brivandel

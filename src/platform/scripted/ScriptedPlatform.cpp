@@ -22,6 +22,7 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     place<ScriptedNotifier>(platform->notifier, sink);
     place<ScriptedBeeper>(platform->beeper, sink);
     auto& scriptHost = place<ScriptedScriptHost>(platform->scriptHost, sink, mainQueue);
+    place<ScriptedTargetInquiry>(platform->target);
     place<ScriptedWorkQueue>(platform->workQueue, mainQueue);
     auto& defaults = place<MemoryDefaultsStore>(
         platform->defaults, storedObjects, [sink](const QString& key, const QVariant& value) {

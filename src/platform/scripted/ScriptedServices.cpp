@@ -30,6 +30,10 @@ void ScriptedScriptHost::setOutcome(std::optional<ScriptErrorDictionary> error,
     duration_ = duration;
 }
 
+QString ScriptedTargetInquiry::inWords() const {
+    return QStringLiteral("Commands go to a workstation.");
+}
+
 ScriptedLog::ScriptedLog(EventSink sink) : sink_(std::move(sink)) {}
 
 void ScriptedLog::write(const QString& message) {

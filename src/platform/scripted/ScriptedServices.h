@@ -7,6 +7,7 @@
 #include "platform/Permissions.h"
 #include "platform/PronunciationGuide.h"
 #include "platform/ScriptHost.h"
+#include "platform/Targets.h"
 #include "platform/WorkQueue.h"
 #include "platform/scripted/EventSink.h"
 #include "platform/scripted/VirtualMainQueue.h"
@@ -39,6 +40,12 @@ private:
     VirtualMainQueue& mainQueue_;
     std::optional<ScriptErrorDictionary> error_;
     VirtualMainQueue::Duration duration_{};
+};
+
+/// Its scripts go nowhere that could be named.
+class ScriptedTargetInquiry final : public TargetInquiry {
+public:
+    [[nodiscard]] QString inWords() const override;
 };
 
 class ScriptedLog final : public DiagnosticLog {

@@ -113,7 +113,7 @@ TEST_F(PlatformTest, Targets_AreTheWorkstationItself) {
         EXPECT_EQ(list.targets[0].isRunning, isRunning);
         EXPECT_TRUE(list.targets[0].isChosen);
         EXPECT_TRUE(list.problems.isEmpty());
-        EXPECT_EQ(targetInWords(QStringLiteral("Ardour")),
+        EXPECT_EQ(makePlatform({QStringLiteral("Ardour")})->target->inWords(),
                   isRunning ? QStringLiteral("Commands go to Logic Pro.")
                             : QStringLiteral("Commands go to Logic Pro, which is not running."));
     }

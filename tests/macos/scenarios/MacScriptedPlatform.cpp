@@ -134,6 +134,7 @@ ScriptedPlatform makeScriptedPlatform(const EventSink& sink, const QVariantMap& 
     place<PlayedNotifier>(platform->notifier, sink);
     place<PlayedBeeper>(platform->beeper, sink);
     place<ReportedScriptHost>(platform->scriptHost, sink, mainQueue, scripts);
+    place<ScriptedTargetInquiry>(platform->target);
     place<ScriptedWorkQueue>(platform->workQueue, mainQueue);
     place<ReportedDefaults>(platform->defaults, sink, *platform->log);
     platform->audioDevices = makeMacAudioDevices();

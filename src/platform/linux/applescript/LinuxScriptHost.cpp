@@ -12,7 +12,7 @@
 namespace brivandel {
 
 LinuxScriptHost::LinuxScriptHost(std::unique_ptr<KeySender> keys,
-                                 std::unique_ptr<const StandInChoice> standIn,
+                                 std::shared_ptr<const StandInChoice> standIn,
                                  std::unique_ptr<script::ScriptTime> time, std::chrono::milliseconds patience)
     : keys_(std::move(keys))
     , standIn_(std::move(standIn))

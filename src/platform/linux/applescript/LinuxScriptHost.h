@@ -26,7 +26,7 @@ public:
     static constexpr std::chrono::seconds defaultPatience{10};
 
     /// standIn: which program stands for "Logic Pro", and in which keys.
-    LinuxScriptHost(std::unique_ptr<KeySender> keys, std::unique_ptr<const StandInChoice> standIn,
+    LinuxScriptHost(std::unique_ptr<KeySender> keys, std::shared_ptr<const StandInChoice> standIn,
                     std::unique_ptr<script::ScriptTime> time = std::make_unique<script::SystemScriptTime>(),
                     std::chrono::milliseconds patience = defaultPatience);
     /// Scripts that still run end with "User canceled." before their next statement; it waits for that.
@@ -36,7 +36,7 @@ public:
 
 private:
     std::unique_ptr<KeySender> keys_;
-    std::unique_ptr<const StandInChoice> standIn_;
+    std::shared_ptr<const StandInChoice> standIn_;
     std::unique_ptr<script::ScriptTime> time_;
     std::chrono::milliseconds patience_;
     script::ScriptTurns turns_;

@@ -3,11 +3,13 @@
 #include "platform/linux/applescript/ScriptErrors.h"
 #include "platform/linux/applescript/ScriptTranslation.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <type_traits>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace brivandel::script {
 
@@ -174,7 +176,7 @@ private:
     template <class Send>
     Outcome sendKeys(SourceRange range, const Surrounding& surrounding, Send send) {
         if (surrounding.process != nullptr) {
-            return failed(send(surrounding.process->target), *surrounding.process, systemEvents, range);
+            return sendKeysTo(*surrounding.process, range, send);
         }
         if (!frontmost_) {
             return runtimeErrorDictionary(
@@ -186,26 +188,34 @@ private:
         if (!turn) {
             return noTurn(range);
         }
-        return failed(send(frontmost_->target), *frontmost_, systemEvents, range);
+        return sendKeysTo(*frontmost_, range, send);
+    }
+
+    template <class Send>
+    Outcome sendKeysTo(const Program& program, SourceRange range, Send send) {
+        if (Outcome refusal = refuseOpenDialog(program, range)) {
+            return refusal;
+        }
+        return failed(send(program.target), program, systemEvents, range);
     }
 
     Outcome bringToFront(const Program& program, const QString& application, SourceRange range) {
         frontmost_ = program;
-        if (auto failure = session_->raise(program.target, deadline_)) {
-            return failed(failure, program, application, range);
-        }
-        return refuseOpenDialog(program, application, range);
+        return failed(session_->raise(program.target, deadline_), program, application, range);
     }
 
-    /// A command is meant for the project: in a dialog that was open before it, its keys would be letters of
-    /// a name, or press a button. A dialog that the command itself opens is a step of it.
-    Outcome refuseOpenDialog(const Program& program, const QString& application, SourceRange range) const {
-        if (answersDialogs_) {
+    /// A command is meant for the project: in a dialog that somebody else opened, its keys would be letters
+    /// of a name, or press a button. A dialog that the command itself opens is a step of it, and it can have
+    /// opened one as soon as the program has got a key. So each program is asked right before its first.
+    Outcome refuseOpenDialog(const Program& program, SourceRange range) {
+        if (answersDialogs_ || std::ranges::find(pressedIn_, program.target) != pressedIn_.end()) {
             return std::nullopt;
         }
-        const auto title = session_->openDialog(program.target, deadline_);
-        return title ? failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, application, range)
-                     : std::nullopt;
+        if (const auto title = session_->openDialog(program.target, deadline_)) {
+            return failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, systemEvents, range);
+        }
+        pressedIn_.push_back(program.target);
+        return std::nullopt;
     }
 
     static Outcome failed(const std::optional<KeyFailure>& failure, const Program& program,
@@ -258,6 +268,8 @@ private:
     StandIn standIn_;
     std::optional<Program> frontmost_;
     bool answersDialogs_ = false;
+    /// Programs to which keys of this script have gone, or were about to go.
+    std::vector<KeyTarget> pressedIn_;
 };
 
 } // namespace

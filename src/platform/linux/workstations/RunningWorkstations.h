@@ -8,12 +8,13 @@
 
 namespace brivandel {
 
-/// Says which programs have a window on the X display, for a person who looks; scripts ask in a session of
+/// Says which programs have a window on a display, for a person who looks; scripts ask in a session of
 /// their own. One thread at a time.
 class RunningWorkstations {
 public:
     /// patience: how long it may take in all, from its making.
-    explicit RunningWorkstations(std::chrono::milliseconds patience = std::chrono::seconds{2});
+    explicit RunningWorkstations(KeySender& display,
+                                 std::chrono::milliseconds patience = std::chrono::seconds{2});
 
     /// Why the display cannot be asked, as a sentence; empty when it can. If it cannot, nothing is known of
     /// any program, and none is found.

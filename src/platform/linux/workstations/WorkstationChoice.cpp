@@ -16,9 +16,10 @@ const QString& workstation() {
 
 } // namespace
 
-WorkstationChoice::WorkstationChoice(TargetName named, KnownWorkstations known)
+WorkstationChoice::WorkstationChoice(TargetName named, KnownWorkstations known, QString settingPath)
     : named_(std::move(named))
-    , known_(std::move(known)) {}
+    , known_(std::move(known))
+    , settingPath_(std::move(settingPath)) {}
 
 std::variant<StandIn, QString> WorkstationChoice::choose(const FindProgram& find) const {
     if (!named_.text.isEmpty()) {
@@ -59,9 +60,9 @@ std::variant<StandIn, QString> WorkstationChoice::choose(const FindProgram& find
             names += standIn.name.isEmpty() ? standIn.target.text : standIn.name;
         }
         const QString last = names.takeLast();
-        return QStringLiteral("%1 and %2 are running, and none is chosen: name one with --target, "
-                              "BRIVANDEL_TARGET or in the file \"target\".")
-            .arg(names.join(QStringLiteral(", ")), last);
+        return QStringLiteral("%1 and %2 are running, and none is chosen: end all but one, or name one in "
+                              "%3, which is read when Brivandel starts.")
+            .arg(names.join(QStringLiteral(", ")), last, settingPath_);
     }
     return running.front();
 }

@@ -11,14 +11,15 @@ namespace brivandel {
 /// first of the known ones goes. When none runs, "Logic Pro", which is then not found.
 class WorkstationChoice final : public StandInChoice {
 public:
-    /// named: an empty text when nobody was.
-    WorkstationChoice(TargetName named, KnownWorkstations known);
+    /// named: an empty text when nobody was. settingPath: the file in which a person can name one.
+    WorkstationChoice(TargetName named, KnownWorkstations known, QString settingPath);
 
     [[nodiscard]] std::variant<StandIn, QString> choose(const FindProgram& find) const override;
 
 private:
     TargetName named_;
     KnownWorkstations known_;
+    QString settingPath_;
 };
 
 /// The first of the profile's process names that runs; none when the workstation does not.

@@ -17,13 +17,21 @@ namespace brivandel::testing {
 /// Time that passes only where a script waits, or where a test lets it. Any thread.
 class VirtualTime final : public script::ScriptTime {
 public:
+    /// waited: called at the end of each wait.
+    explicit VirtualTime(std::function<void()> waited = {}) : waited_(std::move(waited)) {}
+
     [[nodiscard]] TimePoint now() const override {
         const std::scoped_lock lock(mutex_);
         return now_;
     }
     void waitUntil(TimePoint time) override {
-        const std::scoped_lock lock(mutex_);
-        now_ = std::max(now_, time);
+        {
+            const std::scoped_lock lock(mutex_);
+            now_ = std::max(now_, time);
+        }
+        if (waited_) {
+            waited_();
+        }
     }
     void interrupt() override {}
     void advance(std::chrono::milliseconds duration) {
@@ -32,6 +40,7 @@ public:
     }
 
 private:
+    std::function<void()> waited_;
     mutable std::mutex mutex_;
     TimePoint now_{std::chrono::hours{1}};
 };
@@ -48,6 +57,8 @@ public:
     /// Asked before each raise or key, with how it will be written down; a failure is returned in its stead.
     std::function<std::optional<KeyFailure>(const QString& action)> before;
     std::function<void()> opened;
+    /// Called when a script has waited.
+    std::function<void()> waited;
 
     [[nodiscard]] QStringList actions() const {
         const std::scoped_lock lock(mutex_);

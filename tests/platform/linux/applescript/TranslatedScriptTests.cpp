@@ -35,7 +35,7 @@ protected:
     /// The error's message; empty when there is none.
     QString run(const QString& source, std::unique_ptr<const StandInChoice> choice) {
         LinuxScriptHost host(std::make_unique<testing::FakeKeySender>(desktop_), std::move(choice),
-                             std::make_unique<testing::VirtualTime>());
+                             std::make_unique<testing::VirtualTime>(desktop_.waited));
         const auto error = host.run(source);
         return error ? error->value(QString::fromUtf16(ScriptErrorKey::message)).toString() : QString();
     }
@@ -202,6 +202,35 @@ TEST_F(TranslatedScriptTest, DialogIsOpenAndEscapeIsAllThatIsPressed_Closes) {
     EXPECT_EQ(run(testing::keystrokeScript(QStringLiteral("key code 53"))), QString());
     EXPECT_THAT(actions(), ElementsAre("raise daw", "key 53 to daw"));
     EXPECT_NE(run(testing::keystrokeScript(QStringLiteral("key code 53\nkeystroke \"r\""))), QString());
+}
+
+TEST_F(TranslatedScriptTest, DialogOpensBetweenActivationAndTheBarsKeys_NoKeyIsSentAndItIsNamed) {
+    desktop_.waited = [this] { desktop_.dialog = QStringLiteral("Save Changes"); };
+    const QString error = run(testing::barScript(7, testing::ThenPlay::Yes));
+    EXPECT_TRUE(error.contains(QStringLiteral("“Save Changes”, waits for an answer"))) << qPrintable(error);
+    EXPECT_THAT(actions(), ElementsAre("raise daw"));
+}
+
+TEST_F(TranslatedScriptTest, DialogOpensBeforeTheFirstKeyOutsideAnyBlock_NoKeyIsSentAndItIsNamed) {
+    desktop_.waited = [this] { desktop_.dialog = QStringLiteral("Save Changes"); };
+    const QString error =
+        run(QStringLiteral("tell application \"Logic Pro\" to activate\ndelay 0.3\nkeystroke \" \""));
+    EXPECT_TRUE(error.contains(QStringLiteral("“Save Changes”, waits for an answer"))) << qPrintable(error);
+    EXPECT_THAT(actions(), ElementsAre("raise daw"));
+}
+
+TEST_F(TranslatedScriptTest, DialogOfAProgramThatGotNoKeyYet_NoKeyIsSentThere) {
+    desktop_.running += QStringLiteral("Other");
+    desktop_.before = [this](const QString& action) -> std::optional<KeyFailure> {
+        if (action == QStringLiteral("key 1 to daw")) {
+            desktop_.dialog = QStringLiteral("Save Changes");
+        }
+        return std::nullopt;
+    };
+    QString other = testing::keystrokeScript(QStringLiteral("key code 2"));
+    other.replace(QStringLiteral("Logic Pro"), QStringLiteral("Other"));
+    EXPECT_NE(run(testing::keystrokeScript(QStringLiteral("key code 1")) + u'\n' + other), QString());
+    EXPECT_THAT(actions(), ElementsAre("raise daw", "key 1 to daw", "raise Other"));
 }
 
 TEST_F(TranslatedScriptTest, DialogThatTheScriptOpensItself_GetsItsKeys) {

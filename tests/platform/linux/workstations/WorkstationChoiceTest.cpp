@@ -16,7 +16,7 @@ WorkstationProfile profile(const QString& name, const QStringList& processes) {
 class WorkstationChoiceTest : public testing::Test {
 protected:
     std::variant<StandIn, QString> choose(const QString& named) {
-        return WorkstationChoice(TargetName::fromSetting(named), known_)
+        return WorkstationChoice(TargetName::fromSetting(named), known_, QStringLiteral("/settings/target"))
             .choose([this](const TargetName& name) -> std::optional<KeyTarget> {
                 if (name.by != TargetName::By::Process || !running_.contains(name.text)) {
                     return std::nullopt;
@@ -65,8 +65,10 @@ TEST_F(WorkstationChoiceTest, NobodyNamedAndTwoRun_IsAnErrorThatNamesBoth) {
     running_ = {QStringLiteral("alpha"), QStringLiteral("beta")};
     const auto choice = choose({});
     ASSERT_TRUE(std::holds_alternative<QString>(choice));
-    EXPECT_TRUE(std::get<QString>(choice).startsWith(QStringLiteral("Alpha and Beta are running, ")))
-        << qPrintable(std::get<QString>(choice));
+    EXPECT_EQ(
+        std::get<QString>(choice),
+        QStringLiteral("Alpha and Beta are running, and none is chosen: end all but one, or name one in "
+                       "/settings/target, which is read when Brivandel starts."));
 }
 
 TEST_F(WorkstationChoiceTest, TwoProfilesFindTheSameProgram_IsOneWorkstationAndTheFirstGoes) {
