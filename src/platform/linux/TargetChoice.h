@@ -35,8 +35,8 @@ public:
     [[nodiscard]] const TargetSetting& setting() const { return setting_; }
     [[nodiscard]] const KnownWorkstations& known() const { return known_; }
     /// The one that was named, else the known workstation that runs; nobody while the name cannot be read. It
-    /// outlives this.
-    [[nodiscard]] const std::shared_ptr<const StandInChoice>& standIn() const { return standIn_; }
+    /// may outlive this.
+    [[nodiscard]] std::shared_ptr<const StandInChoice> standIn() const { return standIn_; }
 
     /// Takes up to two seconds.
     [[nodiscard]] TargetOutlook look() const;

@@ -193,29 +193,38 @@ private:
 
     template <class Send>
     Outcome sendKeysTo(const Program& program, SourceRange range, Send send) {
-        if (Outcome refusal = refuseOpenDialog(program, range)) {
+        if (Outcome refusal = refuseOpenDialog(program, systemEvents, range)) {
             return refusal;
+        }
+        if (!hasPressedIn(program)) {
+            pressedIn_.push_back(program.target);
         }
         return failed(send(program.target), program, systemEvents, range);
     }
 
     Outcome bringToFront(const Program& program, const QString& application, SourceRange range) {
         frontmost_ = program;
-        return failed(session_->raise(program.target, deadline_), program, application, range);
+        if (auto failure = session_->raise(program.target, deadline_)) {
+            return failed(failure, program, application, range);
+        }
+        return refuseOpenDialog(program, application, range);
+    }
+
+    [[nodiscard]] bool hasPressedIn(const Program& program) const {
+        return std::ranges::find(pressedIn_, program.target) != pressedIn_.end();
     }
 
     /// A command is meant for the project: in a dialog that somebody else opened, its keys would be letters
     /// of a name, or press a button. A dialog that the command itself opens is a step of it, and it can have
-    /// opened one as soon as the program has got a key. So each program is asked right before its first.
-    Outcome refuseOpenDialog(const Program& program, SourceRange range) {
-        if (answersDialogs_ || std::ranges::find(pressedIn_, program.target) != pressedIn_.end()) {
+    /// opened one as soon as the program has got a key. So each program is asked until its first: at once
+    /// when it comes to the front, and right before the key, for a script waits in between.
+    Outcome refuseOpenDialog(const Program& program, const QString& application, SourceRange range) const {
+        if (answersDialogs_ || hasPressedIn(program)) {
             return std::nullopt;
         }
-        if (const auto title = session_->openDialog(program.target, deadline_)) {
-            return failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, systemEvents, range);
-        }
-        pressedIn_.push_back(program.target);
-        return std::nullopt;
+        const auto title = session_->openDialog(program.target, deadline_);
+        return title ? failed(KeyFailure{KeyFailure::Kind::DialogOpen, *title}, program, application, range)
+                     : std::nullopt;
     }
 
     static Outcome failed(const std::optional<KeyFailure>& failure, const Program& program,

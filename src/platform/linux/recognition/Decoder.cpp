@@ -53,7 +53,8 @@ struct FreeConfiguration {
 /// All branches of a grammar are equally likely: which phrases a musician uses is not known.
 constexpr int evenLogProbability = 0;
 
-/// In frames of 10 ms of the opening.
+/// The mean of the training counts as so many frames of the opening. With 20, every decision of 392 was the
+/// same, and a few more were left to the second look.
 constexpr float weightOfTraining = 60;
 
 cmn_t* cepstralMean(ps_decoder_t* decoder) {

@@ -100,29 +100,26 @@ double scoreAt(const HeardSegment& place, std::span<const HeardSegment> segments
     return score;
 }
 
-/// The words stand in a row among the others, at their end if nothing may follow.
-bool haveInARow(const QStringList& others, const QStringList& words, bool mayBeFollowed) {
-    if (!mayBeFollowed) {
-        return others.last(std::min(words.size(), others.size())) == words;
-    }
-    return !std::ranges::search(others, words).empty();
-}
-
-Agreement agreementOf(const QStringList& words, const QStringList& reference, const Evidence::Phrase& kind) {
-    if (haveInARow(reference, words, !kind.mayGoOn)) {
+Agreement agreementOf(const QStringList& words, const QStringList& reference, const Evidence::Shape& shape) {
+    const bool mayBeFollowed = !shape.mayGoOn && shape.wakeWordCount > 0;
+    const auto place = std::ranges::find_end(reference, words);
+    if (!place.empty() ? mayBeFollowed || place.end() == reference.end() : words.isEmpty()) {
         return Agreement::Whole;
     }
-    const bool isRestTelling = kind.wakeWordCount > 1 && words.size() > kind.wakeWordCount;
-    return isRestTelling && haveInARow(reference, words.sliced(1), false) ? Agreement::ButForTheFirstWord
-                                                                          : Agreement::None;
+    // "To you logic" is one word more than "hey logic".
+    const bool isRestTelling = shape.mayLackFirstWord && shape.wakeWordCount > 1 &&
+                               words.size() > shape.wakeWordCount && reference.size() <= words.size() + 1;
+    return isRestTelling && reference.last(std::min(words.size() - 1, reference.size())) == words.sliced(1)
+               ? Agreement::ButForTheFirstWord
+               : Agreement::None;
 }
 
 } // namespace
 
 Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const HeardSegment> reference,
-                         Phrase kind) {
+                         Shape shape) {
     Evidence evidence;
-    evidence.commandAlone = kind.wakeWordCount == 0;
+    evidence.commandAlone = shape.wakeWordCount == 0;
     Sum command;
     qsizetype wordIndex = 0;
     for (const HeardSegment& segment : phrase) {
@@ -130,7 +127,7 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
             continue;
         }
         const Sum word{segment.score - scoreAt(segment, reference), segment.frameCount};
-        if (wordIndex++ < kind.wakeWordCount) {
+        if (wordIndex++ < shape.wakeWordCount) {
             evidence.ofWakePhrase = std::min(evidence.ofWakePhrase, word.mean());
             continue;
         }
@@ -142,13 +139,13 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
     const Extent said = extentOf(phrase);
     const Extent heard = extentOf(reference);
     evidence.surplusWords = heard.wordCount - said.wordCount;
-    // Where the reference finds no word at all, a drum was struck.
+    // Where the reference finds no words, nothing says that anybody spoke: beats of a drum come so.
     evidence.coverage =
         heard.frameCount > 0 ? std::min(1.0, static_cast<double>(said.frameCount) / heard.frameCount) : 0;
     Sum all = sumOf(phrase);
     all.score -= sumOf(reference).score;
     evidence.ofAll = all.mean();
-    evidence.agreement = agreementOf(wordsOf(phrase), wordsOf(reference), kind);
+    evidence.agreement = agreementOf(wordsOf(phrase), wordsOf(reference), shape);
     return evidence;
 }
 
@@ -174,7 +171,9 @@ bool Evidence::isDistinct() const {
 }
 
 bool Evidence::provesWakePhrase() const {
-    return ofWakePhrase >= demandsOn(*this).wakePhrase;
+    // Only the command that follows it excuses a swallowed word.
+    const Demands& least = agreement == Agreement::ButForTheFirstWord ? ifDisputed : demandsOn(*this);
+    return ofWakePhrase >= least.wakePhrase;
 }
 
 Evidence::Weakest Evidence::weakest() const {

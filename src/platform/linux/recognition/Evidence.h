@@ -9,12 +9,13 @@
 
 namespace brivandel {
 
-/// Whether the reference has the words of the phrase in a row. What follows them may be music, unless more
-/// words would make another phrase.
+/// Whether the reference has the words of the phrase in a row.
 enum class Agreement : std::uint8_t {
     None,
     /// All but the first of the wake phrase: "the logic", for who swallows the "hey".
     ButForTheFirstWord,
+    /// What follows them may be music, unless more words would make another phrase, or the command stands
+    /// alone.
     Whole,
 };
 
@@ -23,7 +24,8 @@ enum class Agreement : std::uint8_t {
 /// units.
 struct Evidence {
     double ofAll = 0;
-    /// Of the worst word of the wake phrase: "the logic" is half right and yet not "hey logic".
+    /// Of the worst word of the wake phrase: "the logic" is half right, and "hey logic" only where all that
+    /// follows was surely said.
     double ofWakePhrase = 0;
     double ofCommand = 0;
     double ofWorstCommandWord = 0;
@@ -39,16 +41,19 @@ struct Evidence {
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
-    struct Phrase {
+    struct Shape {
         /// So many of the first words are the wake phrase.
         qsizetype wakeWordCount = 0;
         /// More words would make another phrase of it.
         bool mayGoOn = false;
+        /// The wake phrase begins the utterance, and with a word so short that it may be swallowed.
+        bool mayLackFirstWord = false;
     };
     /// phrase and reference are of the same sound, both scored in full.
     [[nodiscard]] static Evidence weigh(std::span<const HeardSegment> phrase,
-                                        std::span<const HeardSegment> reference, Phrase kind);
+                                        std::span<const HeardSegment> reference, Shape shape);
 
+    /// The wake phrase, whatever follows it.
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
 

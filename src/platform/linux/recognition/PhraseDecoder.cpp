@@ -13,15 +13,19 @@ namespace {
 // Words begin a little before the gate is sure of them.
 constexpr AudioTime lead = std::chrono::milliseconds(150);
 
-// The gate waits for so much of an utterance, to know how loud the voice is and how the room colours it. Less
-// is known of a shorter one, and the gate catches up at once.
+// The gate waits for so much of an utterance, or for the first silence in it, to know how loud the voice is
+// and how the room colours it. Then it catches up at once.
 constexpr AudioTime opening = std::chrono::milliseconds(800);
 
 // Of an utterance with music before and after the words, only the words and so much around them are gone over
-// once more: the music would be taken for words, and colour what is known of the voice. Over music at 15 dB,
-// 66 % were right before and 93 % after. Less than the saving is not worth the work.
-constexpr AudioTime margin = std::chrono::milliseconds(250);
+// once more: the music would be taken for words, and colour what is known of the voice. Less than the saving
+// is not worth the work.
+constexpr AudioTime aroundWords = std::chrono::milliseconds(250);
 constexpr AudioTime leastSaving = std::chrono::milliseconds(400);
+
+// A wake phrase that begins within this time begins the utterance: before it is what the utterance reaches
+// back, and a breath.
+constexpr AudioTime latestBeginning = std::chrono::milliseconds(600);
 
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
@@ -41,8 +45,8 @@ std::span<const std::int16_t> around(std::span<const HeardSegment> phrase,
         if (!segment.word.isEmpty()) {
             const AudioTime begin = segment.firstFrame * AudioTime(frameLength);
             const AudioTime end = begin + segment.frameCount * AudioTime(frameLength);
-            first = std::min(first, sampleCount(std::max(begin - margin, AudioTime(0))));
-            last = std::max(last, std::min(sampleCount(end + margin), sound.size()));
+            first = std::min(first, sampleCount(std::max(begin - aroundWords, AudioTime(0))));
+            last = std::max(last, std::min(sampleCount(end + aroundWords), sound.size()));
         }
     }
     const bool isNarrower = first < last && last - first + sampleCount(leastSaving) <= sound.size();
@@ -160,8 +164,8 @@ std::optional<Reading> PhraseDecoder::interim() {
     return answer_;
 }
 
-bool PhraseDecoder::isPromising() {
-    return !addressed(heardByGate()).words.isEmpty();
+bool PhraseDecoder::isPromising() const {
+    return gateHasBegun_ && !addressed(gate_->heard()).words.isEmpty();
 }
 
 Conclusion PhraseDecoder::conclude() {
@@ -180,6 +184,7 @@ Conclusion PhraseDecoder::conclude() {
     if (isOutOfQuestion(phrase)) {
         return {};
     }
+    // A command alone is short, and what is beside it says most about it.
     if (const auto narrower = around(phrase, sound);
         narrower.size() < sound.size() && vocabulary_->graph.wakePhraseLength(wordsOf(phrase)) > 0) {
         sound = narrower;
@@ -192,18 +197,19 @@ Conclusion PhraseDecoder::judge(const std::vector<HeardSegment>& phrase,
                                 std::span<const std::int16_t> sound) {
     const QStringList words = wordsOf(phrase);
     const std::optional<Reading> reading = vocabulary_->graph.read(words);
-    if (!reading || !reading->isWhole) {
+    if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
         return {};
     }
     reference_->decodeWhole(searchFor(expecting_), sound);
     const std::vector<HeardSegment> reference = reference_->heard();
-    if (const auto other = otherCommand(words, addressed(reference).words)) {
-        return accepted(*other, QStringLiteral("it was heard among all words"));
-    }
-    Evidence evidence = Evidence::weigh(
-        phrase, reference,
-        {.wakeWordCount = vocabulary_->graph.wakePhraseLength(words), .mayGoOn = reading->mayGoOn});
+    Evidence evidence = Evidence::weigh(phrase, reference,
+                                        {.wakeWordCount = vocabulary_->graph.wakePhraseLength(words),
+                                         .mayGoOn = reading->mayGoOn,
+                                         .mayLackFirstWord = mayLackFirstWord(phrase, sound)});
     if (evidence.provesCommand()) {
+        if (const auto other = otherCommand(*reading, addressed(reference).words)) {
+            return accepted(*other, QStringLiteral("it was heard among all words"));
+        }
         evidence.distinction = distinction(sound, phrase);
     }
     const Evidence::Weakest weakest = evidence.weakest();
@@ -222,15 +228,28 @@ Conclusion PhraseDecoder::judge(const std::vector<HeardSegment>& phrase,
     return conclusion;
 }
 
-std::optional<Reading> PhraseDecoder::otherCommand(const QStringList& words, const QStringList& heard) const {
+bool PhraseDecoder::mayLackFirstWord(const std::vector<HeardSegment>& phrase,
+                                     std::span<const std::int16_t> sound) const {
+    constexpr qsizetype shortPhoneCount = 2; // "hey", "hi", "oh"
+    const auto first =
+        std::ranges::find_if(phrase, [](const auto& segment) { return !segment.word.isEmpty(); });
+    if (first == phrase.end()) {
+        return false;
+    }
+    const auto soundBegin = AudioTime(static_cast<std::int64_t>(sound.data() - utterance_.data()));
+    const QStringList spoken = vocabulary_->pronunciations.value(first->word);
+    return soundBegin + first->firstFrame * AudioTime(frameLength) <= latestBeginning &&
+           std::ranges::any_of(spoken,
+                               [](const QString& phones) { return phones.count(u' ') < shortPhoneCount; });
+}
+
+std::optional<Reading> PhraseDecoder::otherCommand(const Reading& reading, const QStringList& heard) const {
     const auto other = vocabulary_->graph.read(heard);
-    if (heard == words || !other || !other->isWhole || !other->hasCommand) {
+    if (!other || !other->isWhole || !other->hasWakePhrase || !other->hasCommand ||
+        reading.text.startsWith(other->text)) {
         return std::nullopt;
     }
-    const qsizetype wakeLength = vocabulary_->graph.wakePhraseLength(words);
-    const bool areAlike = vocabulary_->soundAlikes.value(QStringList(words.mid(wakeLength)).join(u' '))
-                              .contains(QStringList(heard.mid(wakeLength)));
-    return areAlike ? std::nullopt : other;
+    return other;
 }
 
 bool PhraseDecoder::isHeardByGrammar(const Addressed& said) {

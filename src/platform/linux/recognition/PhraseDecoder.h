@@ -13,8 +13,7 @@ namespace brivandel {
 /// says where the wake phrase is; the grammar can hear nothing but phrases, and says which. Either alone
 /// fails: the first misses phrases in noise, the second makes a command of every sentence. Where both hear
 /// the same words, that was said. Where they do not, the end of the utterance decides by how much worse the
-/// grammar's words fit the sound than the best of any words, which a third decoder, the reference, finds; or
-/// the reference itself hears a command.
+/// grammar's words fit the sound than the best of any words, which a third decoder, the reference, finds.
 class PhraseDecoder final : public UtteranceDecoder {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.
@@ -28,7 +27,7 @@ public:
     void begin(Expecting expecting) override;
     void process(std::span<const std::int16_t> samples) override;
     [[nodiscard]] std::optional<Reading> interim() override;
-    [[nodiscard]] bool isPromising() override;
+    [[nodiscard]] bool isPromising() const override;
     [[nodiscard]] Conclusion conclude() override;
 
 private:
@@ -48,10 +47,11 @@ private:
     /// phrase is what the grammar makes of the sound.
     [[nodiscard]] Conclusion judge(const std::vector<HeardSegment>& phrase,
                                    std::span<const std::int16_t> sound);
-    /// The command that the reference heard, which knows the phrases and much else, where the grammar heard
-    /// another one: so far it has always been right. Between two that sound alike neither can be trusted.
-    [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
-                                                      const QStringList& heard) const;
+    [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
+                                        std::span<const std::int16_t> sound) const;
+    /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
+    /// heard, which knows the phrases and much else. None where that is the same, or only its beginning.
+    [[nodiscard]] std::optional<Reading> otherCommand(const Reading& reading, const QStringList& heard) const;
     [[nodiscard]] bool isHeardByGrammar(const Addressed& said);
     /// How the phrase stands out from those that sound nearly the same.
     [[nodiscard]] double distinction(std::span<const std::int16_t> sound,

@@ -31,7 +31,7 @@ public:
     /// answer.
     [[nodiscard]] virtual std::optional<Reading> interim() = 0;
     /// Whether anything in it seems to be for us. Costs nothing.
-    [[nodiscard]] virtual bool isPromising() = 0;
+    [[nodiscard]] virtual bool isPromising() const = 0;
     /// What has been said so far, if nothing more is said: dearer than interim(), and surer.
     [[nodiscard]] virtual Conclusion conclude() = 0;
 };

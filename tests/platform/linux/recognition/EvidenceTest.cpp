@@ -89,30 +89,45 @@ TEST(Evidence, WordsBeforeTheWakePhrase_AreNoDispute) {
 }
 
 TEST(Evidence, MusicAfterThePhrase_IsADisputeOnlyWhereMoreWordsCouldFollow) {
-    const std::vector phrase = {segment(u"stop", 0, 40, -40), segment(u"", 40, 20, -60)};
-    const std::vector reference = {segment(u"stop", 0, 40, -40), segment(u"who", 40, 20, -40)};
-    EXPECT_EQ(Evidence::weigh(phrase, reference, {.mayGoOn = false}).agreement, Agreement::Whole);
-    EXPECT_EQ(Evidence::weigh(phrase, reference, {.mayGoOn = true}).agreement, Agreement::None);
+    const std::vector phrase = {segment(u"maestro", 0, 40, -40), segment(u"undo", 40, 40, -40),
+                                segment(u"", 80, 20, -60)};
+    const std::vector reference = {segment(u"maestro", 0, 40, -40), segment(u"undo", 40, 40, -40),
+                                   segment(u"who", 80, 20, -40)};
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {.wakeWordCount = 1}).agreement, Agreement::Whole);
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {.wakeWordCount = 1, .mayGoOn = true}).agreement,
+              Agreement::None);
+}
+
+TEST(Evidence, WordAfterACommandAlone_IsADispute) {
+    const std::vector phrase = {segment(u"undo", 0, 40, -40), segment(u"", 40, 20, -60)};
+    const std::vector reference = {segment(u"undo", 0, 40, -40), segment(u"it", 40, 20, -40)};
+    EXPECT_EQ(Evidence::weigh(phrase, reference, {}).agreement, Agreement::None);
 }
 
 TEST(Evidence, SwallowedFirstWordBeforeACommandThatIsAgreed_IsForgiven) {
-    std::vector phrase = {segment(u"hey", 0, 10, -80), segment(u"logic", 10, 40, -40),
-                          segment(u"undo", 50, 40, -40)};
-    std::vector reference = {segment(u"the", 0, 10, -40), segment(u"logic", 10, 40, -40),
-                             segment(u"undo", 50, 40, -40)};
-    const Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
+    const std::vector phrase = {segment(u"hey", 0, 10, -80), segment(u"logic", 10, 40, -40),
+                                segment(u"undo", 50, 40, -40)};
+    const std::vector reference = {segment(u"the", 0, 10, -40), segment(u"logic", 10, 40, -40),
+                                   segment(u"undo", 50, 40, -40)};
+    constexpr Evidence::Shape atTheBeginning = {.wakeWordCount = 2, .mayLackFirstWord = true};
+    const Evidence evidence = Evidence::weigh(phrase, reference, atTheBeginning);
     EXPECT_EQ(evidence.agreement, Agreement::ButForTheFirstWord);
     EXPECT_TRUE(evidence.provesCommand());
+    EXPECT_FALSE(evidence.provesWakePhrase()) << "without the command it would be none";
+    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesCommand());
 
-    reference.back().word = QStringLiteral("and");
-    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesWakePhrase());
-    reference[1].word = QStringLiteral("magic");
-    reference.back().word = QStringLiteral("undo");
-    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesWakePhrase());
-    // A wake phrase of one word has none to spare.
-    phrase.erase(phrase.begin() + 1);
-    reference.erase(reference.begin() + 1);
-    EXPECT_FALSE(Evidence::weigh(phrase, reference, {.wakeWordCount = 1}).provesWakePhrase());
+    const auto isForgiven = [&](std::vector<HeardSegment> other) {
+        return Evidence::weigh(phrase, other, atTheBeginning).agreement != Agreement::None;
+    };
+    std::vector<HeardSegment> longer = reference;
+    longer.insert(longer.begin(), 2, segment(u"in", 0, 5, -40));
+    EXPECT_FALSE(isForgiven(longer));
+    std::vector<HeardSegment> other = reference;
+    other.back().word = QStringLiteral("and");
+    EXPECT_FALSE(isForgiven(other));
+    other = reference;
+    other[1].word = QStringLiteral("magic");
+    EXPECT_FALSE(isForgiven(other));
 }
 
 TEST(Evidence, NoWordsInTheReference_DisproveTheCommand) {
@@ -149,9 +164,10 @@ TEST(Evidence, SoundAlikeThatIsNotHeardAtAll_IsNoRival) {
     EXPECT_TRUE(Evidence{.distinction = Evidence::distinguish(on, nothing)}.isDistinct());
 }
 
-TEST(Evidence, NothingHeard_IsNeutral) {
+TEST(Evidence, NothingHeard_CanBeWeighed) {
     const Evidence evidence = Evidence::weigh({}, {}, {});
     EXPECT_EQ(evidence.ofAll, 0);
+    EXPECT_EQ(evidence.coverage, 0);
     EXPECT_FALSE(isOutOfQuestion({}));
 }
 

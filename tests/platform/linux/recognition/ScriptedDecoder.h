@@ -30,7 +30,7 @@ public:
         heard += AudioTime(static_cast<std::int64_t>(samples.size()));
     }
     std::optional<Reading> interim() override { return interimAnswer; }
-    bool isPromising() override { return promising; }
+    bool isPromising() const override { return promising; }
     Conclusion conclude() override {
         ++conclusions;
         return conclusion;
