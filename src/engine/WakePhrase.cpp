@@ -1,17 +1,24 @@
 #include "engine/WakePhrase.h"
 
+#include <string_view>
+
 namespace brivandel {
 
 namespace {
 
 constexpr QStringView fallbackPhrase = u"logic";
 
+std::u16string_view unitsOf(QStringView text) {
+    return {text.utf16(), static_cast<std::size_t>(text.size())};
+}
+
 std::optional<QStringView> textAfterLast(QStringView transcript, QStringView phrase) {
-    const qsizetype found = phrase.isEmpty() ? -1 : transcript.lastIndexOf(phrase);
-    if (found < 0) {
+    // QStringView::lastIndexOf() (Qt 6.4) finds a zero character also behind the end of the text.
+    const std::size_t found = unitsOf(transcript).rfind(unitsOf(phrase));
+    if (phrase.isEmpty() || found == std::u16string_view::npos) {
         return std::nullopt;
     }
-    return transcript.sliced(found + phrase.size());
+    return transcript.sliced(static_cast<qsizetype>(found) + phrase.size());
 }
 
 // Line breaks stay: QStringView::trimmed() would take them, too.

@@ -41,6 +41,14 @@ TEST(WakePhrase, InsideAWord_Counts) {
     EXPECT_EQ(textAfterWakePhrase(u"that is logical play", phrase), u"al play");
 }
 
+TEST(WakePhrase, ZeroCharacter_IsNotFoundBehindTheEnd) {
+    constexpr QStringView zero(u"\0", 1);
+    // The literal has a zero behind its end, as every QString has.
+    EXPECT_EQ(textAfterWakePhrase(u"e", zero), std::nullopt);
+    EXPECT_EQ(textAfterWakePhrase({}, zero), std::nullopt);
+    EXPECT_EQ(textAfterWakePhrase(QStringView(u"\0play", 5), zero), u"play");
+}
+
 TEST(WakePhrase, OuterBlanks_AreTrimmedButLineBreaksAreNot) {
     EXPECT_EQ(textAfterWakePhrase(u"hey logic \t play\t ", phrase), u"play");
     EXPECT_EQ(textAfterWakePhrase(u"hey logic \nplay\n ", phrase), u"\nplay\n");
