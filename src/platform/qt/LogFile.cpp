@@ -27,8 +27,8 @@ const QString& LogFile::logDirectory() {
     return directory;
 }
 
-LogFile::LogFile(QString directory, WallClock wallClock)
-    : path_(std::move(directory.append(QStringLiteral("/Brivandel.log"))))
+LogFile::LogFile(const QString& directory, WallClock wallClock)
+    : path_(directory + QStringLiteral("/Brivandel.log"))
     , wallClock_(std::move(wallClock)) {}
 
 void LogFile::write(const QString& message) {

@@ -21,7 +21,7 @@ public:
     [[nodiscard]] static const QString& logDirectory();
 
     /// Writes Brivandel.log in that directory; wallClock gives the stamps.
-    LogFile(QString directory, WallClock wallClock);
+    LogFile(const QString& directory, WallClock wallClock);
 
     void write(const QString& message) override;
 

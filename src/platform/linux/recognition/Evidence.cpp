@@ -102,16 +102,16 @@ double scoreAt(const HeardSegment& place, std::span<const HeardSegment> segments
 
 Agreement agreementOf(const QStringList& words, const QStringList& reference, const Evidence::Shape& shape) {
     const bool mayBeFollowed = !shape.mayGoOn && shape.wakeWordCount > 0;
-    const auto place = std::ranges::find_end(reference, words);
-    if (!place.empty() ? mayBeFollowed || place.end() == reference.end() : words.isEmpty()) {
+    const auto endsWith = [&reference](const QStringList& wanted) {
+        return reference.last(std::min(wanted.size(), reference.size())) == wanted;
+    };
+    if (endsWith(words) || (mayBeFollowed && !std::ranges::search(reference, words).empty())) {
         return Agreement::Whole;
     }
     // "To you logic" is one word more than "hey logic".
     const bool isRestTelling = shape.mayLackFirstWord && shape.wakeWordCount > 1 &&
                                words.size() > shape.wakeWordCount && reference.size() <= words.size() + 1;
-    return isRestTelling && reference.last(std::min(words.size() - 1, reference.size())) == words.sliced(1)
-               ? Agreement::ButForTheFirstWord
-               : Agreement::None;
+    return isRestTelling && endsWith(words.sliced(1)) ? Agreement::ButForTheFirstWord : Agreement::None;
 }
 
 } // namespace
