@@ -1,6 +1,8 @@
 """Sound as arrays of samples: files, rates, rooms, noise and music."""
 
+import os
 import subprocess
+import threading
 import wave
 from pathlib import Path
 
@@ -101,9 +103,10 @@ class Music:
     def play(self, kind, seconds, seed, rate):
         path = self._cache / f"{kind}-{seconds}-{seed}-{rate}.wav"
         if not path.exists():
-            score = path.with_suffix(".mid")
+            # Of this thread alone: another may want the same piece at the same time.
+            score = path.with_suffix(f".{os.getpid()}.{threading.get_ident()}.mid")
             score.write_bytes(_midi(_piece(kind, seconds, np.random.default_rng([seed, MUSIC.index(kind)]))))
-            unfinished = path.with_suffix(".unfinished")
+            unfinished = score.with_suffix(".wav")
             subprocess.run(
                 ["fluidsynth", "-ni", "-q", "-g", "0.6", "-r", str(rate), "-T", "wav", "-O", "s16"]
                 + ["-F", str(unfinished), self.SOUND_FONT, str(score)],

@@ -20,8 +20,14 @@ public:
     Compiler(const RecognitionVocabulary& vocabulary, const QString& dictionaryPath)
         : compiled_(std::make_shared<CompiledVocabulary>()) {
         compiled_->source = vocabulary;
-        QSet<QString> words = collectWords();
-        compiled_->pronunciations = pronounce(words, dictionaryPath);
+        const QSet<QString> phraseWords = wordsOfPhrases();
+        compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
+        // Not of the other words: what is for us should be heard in every accent, what is not need not be.
+        for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
+            if (phraseWords.contains(it.key())) {
+                addOtherAccents(it.value());
+            }
+        }
     }
 
     std::shared_ptr<const CompiledVocabulary> compile() {
@@ -49,7 +55,7 @@ public:
     }
 
 private:
-    QSet<QString> collectWords() {
+    static QSet<QString> otherWords() {
         QSet<QString> words;
         for (const QStringView word : backgroundWords()) {
             words.insert(word.toString());
@@ -57,6 +63,11 @@ private:
         for (const QLatin1StringView word : SpokenNumber::words()) {
             words.insert(word);
         }
+        return words;
+    }
+
+    [[nodiscard]] QSet<QString> wordsOfPhrases() const {
+        QSet<QString> words;
         const RecognitionVocabulary& source = compiled_->source;
         for (const QString& phrase :
              QStringList{source.wakePhrase, fallbackWakePhrase} + source.phrases + source.barPhrases) {

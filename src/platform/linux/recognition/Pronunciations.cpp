@@ -3,6 +3,7 @@
 #include "platform/linux/recognition/LetterToSound.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -106,6 +107,17 @@ Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPa
         }
     }
     return result;
+}
+
+void addOtherAccents(QStringList& ways) {
+    // Before an R it is the vowel of "bar", which they do not round.
+    static const QRegularExpression vowelOfStop(QStringLiteral("\\bAA\\b(?! R\\b)"));
+    for (const QString& way : QStringList(ways)) {
+        const QString rounded = QString(way).replace(vowelOfStop, QStringLiteral("AO"));
+        if (!ways.contains(rounded)) {
+            ways << rounded;
+        }
+    }
 }
 
 QSet<QString> wordsInDictionary(const QSet<QString>& words, const QString& dictionaryPath) {

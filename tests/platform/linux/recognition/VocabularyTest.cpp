@@ -30,9 +30,20 @@ TEST_F(VocabularyTest, OrdinaryPhrases_HaveNoProblems) {
 
 TEST_F(VocabularyTest, WordsOfTheDictionary_AreKnownWithTheirVariants) {
     const auto compiled = compile();
-    EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")], QStringList{QStringLiteral("L AA JH IH K")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("play")], QStringList{QStringLiteral("P L EY")});
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("a")],
               (QStringList{QStringLiteral("AH"), QStringLiteral("EY")}));
+}
+
+TEST_F(VocabularyTest, RoundedVowelOfOtherAccents_IsKnownInPhrasesAlone) {
+    vocabulary_.phrases << QStringLiteral("start");
+    const auto compiled = compile();
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")],
+              (QStringList{QStringLiteral("L AA JH IH K"), QStringLiteral("L AO JH IH K")}));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("on")],
+              (QStringList{QStringLiteral("AA N"), QStringLiteral("AO N")}));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("start")], QStringList{QStringLiteral("S T AA R T")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("shot")], QStringList{QStringLiteral("SH AA T")});
 }
 
 TEST_F(VocabularyTest, MetronomeThatTheDictionaryLacks_IsKnown) {
