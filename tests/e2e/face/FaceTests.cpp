@@ -238,14 +238,15 @@ TEST_P(Face, EachWindow_OpensOnceAndComesBackInTheMiddle) {
     const std::pair<MenuItem, QString> windows[] = {
         {Settings, QStringLiteral("Brivandel Settings")},
         {CommandReference, QStringLiteral("Voice Commands Reference")}};
-    for (const auto& [menuItem, title] : windows) {
-        choose(menuItem);
+    for (const auto& item : windows) {
+        const QString& title = item.second;
+        choose(item.first);
         ASSERT_TRUE(waitForWindow(title));
         screen_.close(window(title)->id);
         ASSERT_TRUE(waitForNoWindow(title));
-        choose(menuItem);
+        choose(item.first);
         ASSERT_TRUE(waitForWindow(title));
-        choose(menuItem);
+        choose(item.first);
         EXPECT_TRUE(screen_.waitUntil([&] { return isInTheMiddle(title); }, patience));
     }
 }

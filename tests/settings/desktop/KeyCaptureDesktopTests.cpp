@@ -28,6 +28,8 @@
 #include <linux/input-event-codes.h>
 #include <xcb/xtest.h>
 
+#include <gtest/gtest.h>
+
 #include <functional>
 
 namespace brivandel::testing {

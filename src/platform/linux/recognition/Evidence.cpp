@@ -105,7 +105,8 @@ Agreement agreementOf(const QStringList& words, const QStringList& reference, co
     const auto endsWith = [&reference](const QStringList& wanted) {
         return reference.last(std::min(wanted.size(), reference.size())) == wanted;
     };
-    if (endsWith(words) || (mayBeFollowed && !std::ranges::search(reference, words).empty())) {
+    if (endsWith(words) || (mayBeFollowed && std::search(reference.begin(), reference.end(), words.begin(),
+                                                         words.end()) != reference.end())) {
         return Agreement::Whole;
     }
     // "To you logic" is one word more than "hey logic".

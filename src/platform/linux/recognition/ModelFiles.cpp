@@ -50,8 +50,9 @@ std::optional<QString> ModelFiles::problem() const {
         }
     }
     if (const auto damaged = damagedFileOf(acousticModel)) {
-        return QStringLiteral("The speech model is damaged: %1 is not whole. Install the package "
-                              "pocketsphinx-en-us anew, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
+        return QStringLiteral(
+                   "The speech model is damaged: %1 is not whole. Install the package "
+                   "pocketsphinx-en-us anew, or set BRIVANDEL_MODEL_DIR to the folder of the model.")
             .arg(*damaged);
     }
     return std::nullopt;

@@ -2,6 +2,8 @@
 
 #include "platform/linux/recognition/ScriptedDecoder.h"
 
+#include <gtest/gtest.h>
+
 namespace brivandel {
 namespace {
 

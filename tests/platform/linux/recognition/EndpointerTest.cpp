@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/Endpointer.h"
 
+#include <gmock/gmock.h>
+
 #include <cmath>
 #include <random>
 #include <vector>

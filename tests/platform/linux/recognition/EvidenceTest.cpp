@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/Evidence.h"
 
+#include <gtest/gtest.h>
+
 namespace brivandel {
 namespace {
 

@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/LetterToSound.h"
 
+#include <gtest/gtest.h>
+
 #include <thread>
 
 namespace brivandel {

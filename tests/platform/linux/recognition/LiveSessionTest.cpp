@@ -3,6 +3,8 @@
 #include "platform/linux/recognition/ScriptedDecoder.h"
 #include "platform/linux/recognition/WakeUp.h"
 
+#include <gmock/gmock.h>
+
 namespace brivandel {
 namespace {
 

@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/MonoView.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <limits>
 

@@ -3,6 +3,8 @@
 #include "platform/linux/recognition/InlineSpeechRecognition.h"
 #include "platform/linux/recognition/ScriptedDecoder.h"
 
+#include <gmock/gmock.h>
+
 #include <condition_variable>
 #include <mutex>
 #include <semaphore>

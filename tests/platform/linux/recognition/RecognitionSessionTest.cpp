@@ -2,6 +2,8 @@
 
 #include "platform/linux/recognition/ScriptedDecoder.h"
 
+#include <gmock/gmock.h>
+
 namespace brivandel {
 namespace {
 

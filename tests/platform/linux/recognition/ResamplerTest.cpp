@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/Resampler.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <numbers>
 
@@ -50,7 +52,8 @@ TEST_P(ResamplerRate, BlocksOfAnyLength_GiveTheSame) {
     EXPECT_EQ(resampled(input, GetParam(), 1), resampled(input, GetParam(), 100000));
 }
 
-INSTANTIATE_TEST_SUITE_P(Device, ResamplerRate, testing::Values(8000, 16000, 22050, 44100, 48000, 96000, 192000));
+INSTANTIATE_TEST_SUITE_P(Device, ResamplerRate,
+                         testing::Values(8000, 16000, 22050, 44100, 48000, 96000, 192000));
 
 TEST(Resampler, SoundAboveTheRecognisersRange_IsNotFoldedIntoIt) {
     EXPECT_LT(loudness(resampled(tone(15000, 48000, 1), 48000, 1024)), 0.003);

@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/SampleRing.h"
 
+#include <gmock/gmock.h>
+
 #include <numeric>
 #include <thread>
 

@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/SpokenForms.h"
 
+#include <gmock/gmock.h>
+
 namespace brivandel {
 namespace {
 

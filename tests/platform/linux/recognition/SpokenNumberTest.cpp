@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/SpokenNumber.h"
 
+#include <gtest/gtest.h>
+
 namespace brivandel {
 namespace {
 

@@ -2,6 +2,8 @@
 #include "platform/linux/recognition/LanguageModel.h"
 #include "platform/linux/recognition/ModelFiles.h"
 
+#include <gmock/gmock.h>
+
 namespace brivandel {
 namespace {
 

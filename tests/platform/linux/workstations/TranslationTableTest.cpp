@@ -116,7 +116,7 @@ QJsonObject writtenDown(const QString& folder, const QString& profilePath, const
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QJsonObject written = QJsonDocument::fromJson(file.readAll()).object();
+    QJsonObject written = QJsonDocument::fromJson(file.readAll()).object();
     EXPECT_FALSE(written.value(QStringLiteral("commands")).toObject().isEmpty())
         << qPrintable(file.fileName());
     EXPECT_EQ(written.value(QStringLiteral("profile")).toString(), digestOf(profilePath))
