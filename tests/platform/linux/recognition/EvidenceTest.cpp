@@ -60,10 +60,8 @@ TEST(Evidence, SpeechPassedOverAsNoise_DisprovesTheCommand) {
 
 TEST(Evidence, FewLongWordsForManyShortOnes_DisproveTheCommand) {
     const std::vector phrase = {segment(u"recording", 0, 80, -30)};
-    std::vector<HeardSegment> reference;
-    for (int i = 0; i < 3; ++i) {
-        reference.push_back(segment(u"we", i * 20, 20, -30));
-    }
+    std::vector reference = {segment(u"we", 0, 20, -30), segment(u"we", 20, 20, -30),
+                             segment(u"we", 40, 20, -30)};
     EXPECT_TRUE(Evidence::weigh(phrase, reference, {}).provesCommand());
     reference.push_back(segment(u"are", 60, 20, -30));
     EXPECT_FALSE(Evidence::weigh(phrase, reference, {}).provesCommand());
