@@ -53,18 +53,6 @@ std::span<const std::int16_t> around(std::span<const HeardSegment> phrase,
     return isNarrower ? sound.subspan(first, last - first) : sound;
 }
 
-/// Whether both end in a vowel, or neither. Of a word that is hardly spoken, its end is left, before the
-/// next.
-bool mayEndAlike(const QStringList& spoken, const QStringList& others) {
-    const auto endsInVowel = [](const QString& phones) {
-        return QStringLiteral("AEIOU").contains(phones[phones.lastIndexOf(u' ') + 1]);
-    };
-    return std::ranges::any_of(spoken, [&](const QString& phones) {
-        return std::ranges::any_of(
-            others, [&](const QString& other) { return endsInVowel(other) == endsInVowel(phones); });
-    });
-}
-
 Conclusion accepted(const Reading& reading, const QString& reason) {
     return {.reading = reading,
             .verdict = UtteranceVerdict{.text = reading.text, .isAccepted = true, .reason = reason}};
@@ -217,7 +205,7 @@ Conclusion PhraseDecoder::judge(const std::vector<HeardSegment>& phrase,
     Evidence evidence = Evidence::weigh(phrase, reference,
                                         {.wakeWordCount = vocabulary_->graph.wakePhraseLength(words),
                                          .mayGoOn = reading->mayGoOn,
-                                         .mayLackFirstWord = mayLackFirstWord(phrase, reference, sound)});
+                                         .mayLackFirstWord = mayLackFirstWord(phrase, sound)});
     if (evidence.provesCommand()) {
         if (const auto other = otherCommand(*reading, addressed(reference).words)) {
             return accepted(*other, QStringLiteral("it was heard among all words"));
@@ -240,8 +228,7 @@ Conclusion PhraseDecoder::judge(const std::vector<HeardSegment>& phrase,
     return conclusion;
 }
 
-bool PhraseDecoder::mayLackFirstWord(std::span<const HeardSegment> phrase,
-                                     std::span<const HeardSegment> reference,
+bool PhraseDecoder::mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                      std::span<const std::int16_t> sound) const {
     constexpr qsizetype shortPhoneCount = 2; // "hey", "hi", "oh"
     const auto first =
@@ -251,14 +238,9 @@ bool PhraseDecoder::mayLackFirstWord(std::span<const HeardSegment> phrase,
     }
     const auto soundBegin = AudioTime(static_cast<std::int64_t>(sound.data() - utterance_.data()));
     const QStringList spoken = vocabulary_->pronunciations.value(first->word);
-    if (soundBegin + first->firstFrame * AudioTime(frameLength) > latestBeginning ||
-        std::ranges::none_of(spoken,
-                             [](const QString& phones) { return phones.count(u' ') < shortPhoneCount; })) {
-        return false;
-    }
-    const QStringList heard = wordsOf(reference);
-    const qsizetype inItsPlace = heard.size() - wordsOf(phrase).size();
-    return inItsPlace < 0 || mayEndAlike(spoken, vocabulary_->pronunciations.value(heard[inItsPlace]));
+    return soundBegin + first->firstFrame * AudioTime(frameLength) <= latestBeginning &&
+           std::ranges::any_of(spoken,
+                               [](const QString& phones) { return phones.count(u' ') < shortPhoneCount; });
 }
 
 std::optional<Reading> PhraseDecoder::otherCommand(const Reading& reading, const QStringList& heard) const {

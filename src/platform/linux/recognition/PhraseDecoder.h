@@ -47,10 +47,7 @@ private:
     /// phrase is what the grammar makes of the sound.
     [[nodiscard]] Conclusion judge(const std::vector<HeardSegment>& phrase,
                                    std::span<const std::int16_t> sound);
-    /// Whether the first word of the wake phrase may have been said so weakly that the reference took it for
-    /// another: "the logic" may be "hey logic", "in logic" is not.
-    [[nodiscard]] bool mayLackFirstWord(std::span<const HeardSegment> phrase,
-                                        std::span<const HeardSegment> reference,
+    [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         std::span<const std::int16_t> sound) const;
     /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
     /// heard, which knows the phrases and much else. None where that is the same, or only its beginning.

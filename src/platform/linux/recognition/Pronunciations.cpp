@@ -110,13 +110,18 @@ Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPa
 }
 
 void addOtherAccents(QStringList& ways) {
-    // Before an R it is the vowel of "bar", which they do not round.
+    // Before an R it is the vowel of "bar", which nobody rounds.
     static const QRegularExpression vowelOfStop(QStringLiteral("\\bAA\\b(?! R\\b)"));
+    static const QRegularExpression silentR(QStringLiteral(" R\\b(?! [AEIOU])"));
+    const auto add = [&ways](const QString& way) {
+        if (!ways.contains(way)) {
+            ways << way;
+        }
+    };
     for (const QString& way : QStringList(ways)) {
         const QString rounded = QString(way).replace(vowelOfStop, QStringLiteral("AO"));
-        if (!ways.contains(rounded)) {
-            ways << rounded;
-        }
+        add(rounded);
+        add(QString(rounded).remove(silentR));
     }
 }
 

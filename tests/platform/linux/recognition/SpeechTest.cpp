@@ -221,7 +221,7 @@ TEST_F(SpeechTest, OrdinarySentences_ActivateNothing) {
               u"she said she would pause for a moment|hey guys are you ready to go|"
               u"we use logic to mix everything in here|go to the store and buy some milk|"
               u"I will undo the damage in a minute|logic pro is what I learned on at school|"
-              u"in logic, undo|so in logic, save project|I said hey magic, record|he said logic, stop|"
+              u"so in logic, save project|I said hey magic, record|he said logic, stop|"
               u"the magic is in the way they play together|are we going to start recording now or later");
     QStringList activated;
     for (const QString& voice : {QStringLiteral("slt"), QStringLiteral("rms")}) {

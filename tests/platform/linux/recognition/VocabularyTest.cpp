@@ -37,15 +37,22 @@ TEST_F(VocabularyTest, WordsOfTheDictionary_AreKnownWithTheirVariants) {
               (QStringList{QStringLiteral("AH"), QStringLiteral("EY")}));
 }
 
-TEST_F(VocabularyTest, RoundedVowelOfOtherAccents_IsKnownInPhrasesAlone) {
-    vocabulary_.phrases << QStringLiteral("start");
+TEST_F(VocabularyTest, OtherAccents_AreKnownInPhrasesAlone) {
+    vocabulary_.phrases << QStringLiteral("start recording");
     const auto compiled = compile();
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")],
               (QStringList{QStringLiteral("L AA JH IH K"), QStringLiteral("L AO JH IH K")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("on")],
               (QStringList{QStringLiteral("AA N"), QStringLiteral("AO N")}));
-    EXPECT_EQ(compiled->pronunciations[QStringLiteral("start")], QStringList{QStringLiteral("S T AA R T")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("start")],
+              (QStringList{QStringLiteral("S T AA R T"), QStringLiteral("S T AA T")}));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("recording")],
+              (QStringList{QStringLiteral("R AH K AO R D IH NG"), QStringLiteral("R IH K AO R D IH NG"),
+                           QStringLiteral("R AH K AO D IH NG"), QStringLiteral("R IH K AO D IH NG")}));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("bar")],
+              (QStringList{QStringLiteral("B AA R"), QStringLiteral("B AA")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("shot")], QStringList{QStringLiteral("SH AA T")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("card")], QStringList{QStringLiteral("K AA R D")});
 }
 
 TEST_F(VocabularyTest, MetronomeThatTheDictionaryLacks_IsKnown) {
