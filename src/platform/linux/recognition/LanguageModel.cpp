@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace brivandel {
 
@@ -48,7 +49,28 @@ struct Continuations {
     [[nodiscard]] double share(const QString& word) const { return weights.value(word) / total; }
 };
 
-/// Walks the graph and counts which word follows which one and two words.
+bool isNumber(const PhraseGraph& graph, int node) {
+    return graph.nodes()[static_cast<std::size_t>(node)].isInNumber;
+}
+
+/// How many phrases go through a node outside of numbers, those that end there included. A phrase with a bar
+/// number is one, whatever the number.
+double phraseCount(const PhraseGraph& graph, int at) {
+    const PhraseGraph::Node& node = graph.nodes()[static_cast<std::size_t>(at)];
+    double count = node.isEnd ? 1 : 0;
+    bool hasNumber = false;
+    for (const PhraseGraph::Edge& edge : node.edges) {
+        if (isNumber(graph, edge.target)) {
+            hasNumber = true;
+        } else {
+            count += phraseCount(graph, edge.target);
+        }
+    }
+    return count + (hasNumber ? 1 : 0);
+}
+
+/// Walks the graph and counts which word follows which one and two words. Every phrase is equally likely, so
+/// that "stop recording" is no worse than "start recording" where more phrases begin with "stop".
 class Counter {
 public:
     Counter(const PhraseGraph& graph, Expecting expecting) : graph_(graph) {
@@ -83,19 +105,34 @@ private:
 
     void expand(const State& state) {
         const PhraseGraph::Node& node = graph_.nodes()[static_cast<std::size_t>(state.node)];
-        const double weight = 1.0 / static_cast<double>(node.edges.size() + (node.isEnd ? 1 : 0));
+        const double endWeight = node.isEnd ? 1 : 0;
+        const std::vector<double> weights = edgeWeights(node);
+        const double total = std::accumulate(weights.begin(), weights.end(), endWeight);
         if (node.isEnd) {
-            count(state.history, sentenceEnd(), weight);
+            count(state.history, sentenceEnd(), endWeight / total);
             if (graph_.isWakeNode(state.node)) {
                 visit(state.history, graph_.commandRoot());
             }
         }
-        for (const PhraseGraph::Edge& edge : node.edges) {
-            count(state.history, edge.word, weight);
+        for (std::size_t i = 0; i < node.edges.size(); ++i) {
+            const PhraseGraph::Edge& edge = node.edges[i];
+            count(state.history, edge.word, weights[i] / total);
             words_.insert(edge.word);
             // Inside a number one word of history is enough, and two would be thousands of histories.
             visit({node.isInNumber ? QString() : state.history.second, edge.word}, edge.target);
         }
+    }
+
+    /// Within a number each next word is as likely as the others and as its end.
+    [[nodiscard]] std::vector<double> edgeWeights(const PhraseGraph::Node& node) const {
+        const auto leadsToNumber = [this](const auto& edge) { return isNumber(graph_, edge.target); };
+        const auto numberCount = static_cast<double>(std::ranges::count_if(node.edges, leadsToNumber));
+        std::vector<double> weights;
+        for (const PhraseGraph::Edge& edge : node.edges) {
+            const double ofNumber = node.isInNumber ? 1 : 1 / numberCount;
+            weights.push_back(leadsToNumber(edge) ? ofNumber : phraseCount(graph_, edge.target));
+        }
+        return weights;
     }
 
     void count(const History& history, const QString& word, double weight) {

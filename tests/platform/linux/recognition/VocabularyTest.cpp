@@ -114,57 +114,82 @@ TEST_F(VocabularyTest, MissingDictionary_LeavesTheRulesOfReading) {
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("play")], QStringList{QStringLiteral("P L EY")});
 }
 
+/// A language model as it was written.
+class ReadModel {
+public:
+    explicit ReadModel(const QByteArray& arpa) {
+        int order = 0;
+        for (const QByteArray& line : arpa.split('\n')) {
+            if (line.startsWith('\\')) {
+                order = line.mid(1, 1).toInt();
+                continue;
+            }
+            const QList<QByteArray> parts = line.split(' ');
+            if (order == 0 || parts.size() < order + 1) {
+                continue;
+            }
+            const QByteArray words = parts.mid(1, order).join(' ');
+            probability_[words] = std::pow(10, parts[0].toDouble());
+            if (parts.size() > order + 1) {
+                backoff_[words] = std::pow(10, parts[order + 1].toDouble());
+            }
+            if (order == 1 && words != "<s>") {
+                words_ << words;
+            }
+            if (order > 1) {
+                histories_.insert(parts.mid(1, order - 1).join(' '));
+            }
+        }
+    }
+
+    [[nodiscard]] const QList<QByteArray>& words() const { return words_; }
+    /// All after which there is a word that it names.
+    [[nodiscard]] const QSet<QByteArray>& histories() const { return histories_; }
+
+    [[nodiscard]] double given(const QByteArray& history, const QByteArray& word) const {
+        if (history.isEmpty()) {
+            return probability_.value(word);
+        }
+        const QByteArray all = history + ' ' + word;
+        if (probability_.contains(all)) {
+            return probability_.value(all);
+        }
+        const qsizetype space = history.indexOf(' ');
+        return backoff_.value(history, 1) * given(space < 0 ? QByteArray() : history.mid(space + 1), word);
+    }
+
+private:
+    QHash<QByteArray, double> probability_;
+    QHash<QByteArray, double> backoff_;
+    QList<QByteArray> words_;
+    QSet<QByteArray> histories_;
+};
+
 TEST_F(VocabularyTest, LanguageModel_SumsToOneAfterEveryHistory) {
     vocabulary_.phrases << QStringLiteral("play that back") << QStringLiteral("save")
                         << QStringLiteral("save as");
-    const QByteArray model = languageModel(compile()->graph, Expecting::Command);
-    // Probabilities and backoff weights by their words.
-    QHash<QByteArray, double> probability;
-    QHash<QByteArray, double> backoff;
-    QHash<QByteArray, QList<QByteArray>> continuations;
-    int order = 0;
-    QList<QByteArray> unigrams;
-    for (const QByteArray& line : model.split('\n')) {
-        if (line.startsWith('\\')) {
-            order = line.mid(1, 1).toInt();
-            continue;
-        }
-        const QList<QByteArray> parts = line.split(' ');
-        if (order == 0 || parts.size() < order + 1) {
-            continue;
-        }
-        const QByteArray words = parts.mid(1, order).join(' ');
-        probability[words] = std::pow(10, parts[0].toDouble());
-        if (parts.size() > order + 1) {
-            backoff[words] = std::pow(10, parts[order + 1].toDouble());
-        }
-        if (order == 1 && words != "<s>") {
-            unigrams << words;
-        }
-        if (order > 1) {
-            continuations[parts.mid(1, order - 1).join(' ')] << words;
-        }
-    }
-    const std::function<double(const QByteArray&, const QByteArray&)> given = [&](const QByteArray& history,
-                                                                                  const QByteArray& word) {
-        if (history.isEmpty()) {
-            return probability.value(word);
-        }
-        const QByteArray all = history + ' ' + word;
-        if (probability.contains(all)) {
-            return probability.value(all);
-        }
-        const qsizetype space = history.indexOf(' ');
-        return backoff.value(history, 1) * given(space < 0 ? QByteArray() : history.mid(space + 1), word);
-    };
-    ASSERT_GT(continuations.size(), 20);
-    for (auto it = continuations.begin(); it != continuations.end(); ++it) {
+    const ReadModel model(languageModel(compile()->graph, Expecting::Command));
+    ASSERT_GT(model.histories().size(), 20);
+    for (const QByteArray& history : model.histories()) {
         double sum = 0;
-        for (const QByteArray& word : unigrams) {
-            sum += given(it.key(), word);
+        for (const QByteArray& word : model.words()) {
+            sum += model.given(history, word);
         }
-        EXPECT_NEAR(sum, 1, 0.02) << it.key().constData();
+        EXPECT_NEAR(sum, 1, 0.02) << history.constData();
     }
+}
+
+TEST_F(VocabularyTest, LanguageModel_PrefersNoPhraseForHowFewBeginLikeIt) {
+    vocabulary_.phrases = {QStringLiteral("start recording"), QStringLiteral("stop recording"),
+                           QStringLiteral("stop playback"), QStringLiteral("stop")};
+    const ReadModel model(languageModel(compile()->graph, Expecting::WakePhrase));
+    const auto recording = [&model](const QByteArray& first) {
+        return model.given("hey logic", first) * model.given("logic " + first, "recording");
+    };
+    EXPECT_NEAR(recording("stop") / recording("start"), 1, 0.01);
+    // A phrase with a number is one more.
+    EXPECT_NEAR(model.given("hey logic", "stop") / model.given("hey logic", "go"), 3, 0.01);
+    EXPECT_NEAR(model.given("to bar", "seven") / model.given("to bar", "twelve"), 1, 0.01);
 }
 
 } // namespace
