@@ -63,6 +63,12 @@ cmn_t* cepstralMean(ps_decoder_t* decoder) {
 
 } // namespace
 
+const QString& searchFor(Expecting expecting) {
+    static const QString wakePhrase = QStringLiteral("wake phrase");
+    static const QString command = QStringLiteral("command");
+    return expecting == Expecting::WakePhrase ? wakePhrase : command;
+}
+
 void Decoder::Delete::operator()(ps_decoder_s* handle) const {
     ps_free(handle);
 }
@@ -80,13 +86,18 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring)
     // vocabulary gains nothing by them. Silence is kept since the endpointer decides what silence is.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no",
-                    "-lw", "6.5", "-fwdflat", "no", "-bestpath", "no", "-compallsen",
+                    "-lw", "6.5", "-warp_params", "1", "-fwdflat", "no", "-bestpath", "no", "-compallsen",
                     scoring == Scoring::InFull ? "yes" : "no", nullptr));
     if (!configuration) {
         return nullptr;
     }
+    const auto lock = FrontEnd::lockMaking();
     Handle handle(ps_init(configuration.get()));
     return handle ? std::unique_ptr<Decoder>(new Decoder(std::move(handle))) : nullptr;
+}
+
+std::unique_ptr<FrontEnd> Decoder::makeFrontEnd(double resonance) {
+    return FrontEnd::make(ps_get_config(handle_.get()), resonance);
 }
 
 bool Decoder::setDictionary(const Pronunciations& pronunciations) {
@@ -236,10 +247,13 @@ void Decoder::end() {
     }
 }
 
-void Decoder::decodeWhole(const QString& search, std::span<const std::int16_t> samples) {
+void Decoder::decodeWhole(const QString& search, const Features& features) {
     begin(search);
     if (inUtterance_) {
-        ps_process_raw(handle_.get(), samples.data(), samples.size(), FALSE, TRUE);
+        // The engine takes the mean away in place.
+        Features own = features;
+        std::vector<float*> rows = own.rows();
+        ps_process_cep(handle_.get(), rows.data(), static_cast<int>(rows.size()), FALSE, TRUE);
     }
     end();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/recognition/FrontEnd.h"
 #include "platform/linux/recognition/ModelFiles.h"
 #include "platform/linux/recognition/PhraseGraph.h"
 #include "platform/linux/recognition/Pronunciations.h"
@@ -29,6 +30,9 @@ struct HeardSegment {
     double score = 0;
 };
 
+/// What a search is called that goes by what is expected.
+[[nodiscard]] const QString& searchFor(Expecting expecting);
+
 /// One decoder of the engine, with the searches that it was given. Any one thread at a time; several decoders
 /// may run in several threads.
 class Decoder {
@@ -38,6 +42,9 @@ public:
 
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 20 ms.
     [[nodiscard]] static std::unique_ptr<Decoder> load(const ModelFiles& files, Scoring scoring);
+
+    /// One for decodeWhole() of this decoder and of others of the same model.
+    [[nodiscard]] std::unique_ptr<FrontEnd> makeFrontEnd(double resonance);
 
     /// Replaces the dictionary, and drops all searches. False when the engine refuses it.
     [[nodiscard]] bool setDictionary(const Pronunciations& pronunciations);
@@ -53,8 +60,9 @@ public:
     void begin(const QString& search, std::span<const std::int16_t> opening = {});
     void process(std::span<const std::int16_t> samples);
     void end();
-    /// Begins, decodes and ends an utterance that is there as a whole, which is more accurate.
-    void decodeWhole(const QString& search, std::span<const std::int16_t> samples);
+    /// Begins, decodes and ends an utterance that is there as a whole, which is more accurate. The features
+    /// are those of a FrontEnd of the same model.
+    void decodeWhole(const QString& search, const Features& features);
 
     /// What was heard so far, or in the utterance that has ended.
     [[nodiscard]] std::vector<HeardSegment> heard() const;

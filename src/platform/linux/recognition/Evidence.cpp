@@ -34,10 +34,10 @@ constexpr Demands ifAgreedButForTheFirstWord = {-15, -50, -13, -60, 0, 100};
 constexpr Demands ifAgreedAlone = {-20, -20, -30, -60, 0, 100};
 constexpr Demands ifDisputedAlone = {-20, -12, -30, -60, 0.7, 2};
 
-// No more is asked than that the phrase fits better than those that sound like it. Of 72 times "on" and "off"
-// by synthetic voices 7 were taken for the other; this gives up 2 of them, at -17, and none that was right.
-// With 5 asked for, one more that is wrong and three that are right would be given up.
-constexpr double leastDistinction = 0;
+// Of 458 times "on", "off", "start recording" and "stop recording" by synthetic voices, half of them in a
+// room with an echo or in noise, 14 were taken for the other. This gives up 8 of those and 14 that were
+// right; in a clean room 1 of 117.
+constexpr double leastDistinction = 3;
 
 const Demands& demandsOn(const Evidence& evidence) {
     const bool isAgreed = evidence.agreement == Agreement::Whole;
@@ -153,9 +153,9 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
 double Evidence::distinguish(std::span<const HeardSegment> phrase, std::span<const HeardSegment> soundAlike) {
     const QStringList words = wordsOf(phrase);
     const QStringList others = wordsOf(soundAlike);
-    // Something else altogether is not what it could be taken for.
-    if (words.size() != others.size() || words == others) {
-        return Evidence().distinction;
+    if (words.size() != others.size()) {
+        // A decoder that gives up on the way to the end has heard the fewer words.
+        return words.size() > others.size() ? clearDistinction : -clearDistinction;
     }
     int frameCount = 0;
     qsizetype wordIndex = 0;
@@ -164,7 +164,9 @@ double Evidence::distinguish(std::span<const HeardSegment> phrase, std::span<con
             frameCount += segment.frameCount;
         }
     }
-    return (sumOf(phrase).score - sumOf(soundAlike).score) / frameCount;
+    const double difference =
+        frameCount > 0 ? (sumOf(phrase).score - sumOf(soundAlike).score) / frameCount : 0;
+    return std::clamp(difference, -clearDistinction, clearDistinction);
 }
 
 bool Evidence::isDistinct() const {

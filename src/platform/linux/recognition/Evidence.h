@@ -36,8 +36,9 @@ struct Evidence {
     qsizetype surplusWords = 0;
     Agreement agreement = Agreement::None;
     /// By how much better the phrase fits than those that sound nearly the same, for each frame of the word
-    /// that parts them: small when the sound would do for either. Large where nothing sounds the same.
-    double distinction = 1000;
+    /// that parts them: small when the sound would do for either. No more than where nothing sounds the same.
+    static constexpr double clearDistinction = 30;
+    double distinction = clearDistinction;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
@@ -57,7 +58,8 @@ struct Evidence {
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
 
-    /// phrase and soundAlike are of the same sound, both scored in full, and have as many words.
+    /// phrase and soundAlike are of the same sound, both scored in full. Below 0 when the other fits better.
+    /// What could not be heard to its end has fewer words, and fits worst.
     [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
                                             std::span<const HeardSegment> soundAlike);
     [[nodiscard]] bool isDistinct() const;

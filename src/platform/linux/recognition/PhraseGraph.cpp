@@ -125,6 +125,14 @@ qsizetype PhraseGraph::lastWakePhrase(const QStringList& words) const {
     return -1;
 }
 
+QStringList PhraseGraph::addressed(const QStringList& words, Expecting expecting) const {
+    const qsizetype wake = lastWakePhrase(words);
+    if (wake >= 0) {
+        return words.mid(wake);
+    }
+    return expecting == Expecting::Command ? words : QStringList();
+}
+
 std::optional<Reading> PhraseGraph::read(const QStringList& words) const {
     const qsizetype wakeLength = wakePhraseLength(words);
     const QStringList rest = words.mid(wakeLength);

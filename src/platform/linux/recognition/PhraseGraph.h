@@ -62,8 +62,9 @@ public:
     [[nodiscard]] std::optional<Reading> read(const QStringList& words) const;
     /// How many of the first words are the wake phrase; 0 when it does not stand there.
     [[nodiscard]] qsizetype wakePhraseLength(const QStringList& words) const;
-    /// Where the last wake phrase in these words begins; -1 when there is none.
-    [[nodiscard]] qsizetype lastWakePhrase(const QStringList& words) const;
+    /// What is for us among these words: all since the last wake phrase; without one all of them where a
+    /// command needs none, else nothing.
+    [[nodiscard]] QStringList addressed(const QStringList& words, Expecting expecting) const;
 
     [[nodiscard]] const std::vector<Node>& nodes() const { return nodes_; }
     /// The wake phrase begins at one node and ends at others, where isEnd is set; commands begin at another.
@@ -80,6 +81,8 @@ private:
     int addNode();
     int addPath(int from, const QStringList& words);
     [[nodiscard]] std::optional<int> follow(int from, const QString& word) const;
+    /// Where it begins; -1 when there is none.
+    [[nodiscard]] qsizetype lastWakePhrase(const QStringList& words) const;
     [[nodiscard]] std::optional<Reading> readCommand(const QStringList& words) const;
     [[nodiscard]] bool isTextOfLonger(const QString& text) const;
 

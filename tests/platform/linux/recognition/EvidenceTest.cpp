@@ -158,10 +158,25 @@ TEST(Evidence, SoundThatFitsOneOfTwoBetter_ProvesThatOne) {
     EXPECT_FALSE(Evidence{.distinction = Evidence::distinguish(off, on)}.isDistinct());
 }
 
-TEST(Evidence, SoundAlikeThatIsNotHeardAtAll_IsNoRival) {
+TEST(Evidence, SoundThatFitsBothAlike_ProvesNeither) {
     const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
-    const std::vector nothing = {segment(u"", 0, 100, -30)};
-    EXPECT_TRUE(Evidence{.distinction = Evidence::distinguish(on, nothing)}.isDistinct());
+    const std::vector off = {segment(u"click", 60, 20, -30), segment(u"off", 80, 20, -31)};
+    EXPECT_FALSE(Evidence{.distinction = Evidence::distinguish(on, off)}.isDistinct());
+    EXPECT_FALSE(Evidence{.distinction = Evidence::distinguish(off, on)}.isDistinct());
+}
+
+TEST(Evidence, SoundAlikeThatIsNotHeardToItsEnd_IsNoRival) {
+    const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
+    const std::vector begun = {segment(u"click", 60, 40, -20)};
+    EXPECT_EQ(Evidence::distinguish(on, begun), Evidence::clearDistinction);
+    EXPECT_EQ(Evidence::distinguish(begun, on), -Evidence::clearDistinction);
+    EXPECT_EQ(Evidence::distinguish({}, {}), 0);
+}
+
+TEST(Evidence, SoundAlikeThatFitsNotAtAll_CountsNoMoreThanNone) {
+    const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
+    const std::vector off = {segment(u"click", 60, 20, -30), segment(u"off", 80, 20, -300)};
+    EXPECT_EQ(Evidence::distinguish(on, off), Evidence().distinction);
 }
 
 TEST(Evidence, NothingHeard_CanBeWeighed) {

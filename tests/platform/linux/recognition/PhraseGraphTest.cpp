@@ -86,10 +86,18 @@ TEST_F(PhraseGraphTest, PhrasesThatSoundAlike_AreWrittenAsTheLonger) {
     EXPECT_EQ(read(QStringLiteral("stop"))->text, QStringLiteral("stop!"));
 }
 
-TEST_F(PhraseGraphTest, LastWakePhrase_IsFoundAmongOtherWords) {
-    EXPECT_EQ(graph_.lastWakePhrase(words(QStringLiteral("hey logic stop hey logic play"))), 3);
-    EXPECT_EQ(graph_.lastWakePhrase(words(QStringLiteral("the logic of it"))), -1);
-    EXPECT_EQ(graph_.lastWakePhrase({}), -1);
+TEST_F(PhraseGraphTest, WordsSinceTheLastWakePhrase_AreForUs) {
+    const auto forUs = [this](const QString& text, Expecting expecting) {
+        return graph_.addressed(words(text), expecting).join(u' ');
+    };
+    EXPECT_EQ(forUs(QStringLiteral("hey logic stop hey logic play"), Expecting::WakePhrase),
+              QStringLiteral("hey logic play"));
+    EXPECT_EQ(forUs(QStringLiteral("say hey logic play"), Expecting::Command),
+              QStringLiteral("hey logic play"));
+    EXPECT_EQ(forUs(QStringLiteral("the logic of it"), Expecting::WakePhrase), QString());
+    EXPECT_EQ(forUs(QStringLiteral("the logic of it"), Expecting::Command),
+              QStringLiteral("the logic of it"));
+    EXPECT_TRUE(graph_.addressed({}, Expecting::Command).isEmpty());
 }
 
 TEST_F(PhraseGraphTest, CustomPhraseOverABarPhrase_IsReadBesideNumbers) {

@@ -1,0 +1,246 @@
+#include "platform/linux/recognition/PhraseJudge.h"
+
+#include "platform/linux/recognition/Evidence.h"
+#include "platform/linux/recognition/LanguageModel.h"
+
+#include <algorithm>
+
+namespace brivandel {
+
+namespace {
+
+// By how much the resonances of the speakers are higher than in the model's training. Of 120 commands by
+// formant voices of Britain 54 were understood by the first alone, 76 by these three, 78 by five, and 65 by
+// factors half as far from 1.
+constexpr std::array<double, 3> resonances = {1, 0.88, 1.12};
+
+// Of an utterance with music before and after the words, only the words and so much around them are gone over
+// once more: the music would be taken for words, and colour what is known of the voice. Less than the saving
+// is not worth the work.
+constexpr AudioTime aroundWords = std::chrono::milliseconds(250);
+constexpr AudioTime leastSaving = std::chrono::milliseconds(400);
+
+// A wake phrase that begins within this time begins the utterance: before it is what the utterance reaches
+// back, and a breath.
+constexpr AudioTime latestBeginning = std::chrono::milliseconds(600);
+
+// Below this nobody meant a phrase: music would fill the log.
+constexpr double farthestMiss = -40;
+
+/// The sound of the words and a little around them.
+PhraseJudge::Question around(std::span<const HeardSegment> phrase, PhraseJudge::Question question) {
+    const std::span<const std::int16_t> sound = question.sound;
+    std::size_t first = sound.size();
+    std::size_t last = 0;
+    for (const HeardSegment& segment : phrase) {
+        if (!segment.word.isEmpty()) {
+            const AudioTime begin = segment.firstFrame * AudioTime(frameLength);
+            const AudioTime end = begin + segment.frameCount * AudioTime(frameLength);
+            first = std::min(first, sampleCount(std::max(begin - aroundWords, AudioTime(0))));
+            last = std::max(last, std::min(sampleCount(end + aroundWords), sound.size()));
+        }
+    }
+    if (first < last && last - first + sampleCount(leastSaving) <= sound.size()) {
+        question.sound = sound.subspan(first, last - first);
+        question.begin += AudioTime(static_cast<std::int64_t>(first));
+    }
+    return question;
+}
+
+Conclusion accepted(const Reading& reading, const QString& reason) {
+    return {.reading = reading,
+            .verdict = UtteranceVerdict{.text = reading.text, .isAccepted = true, .reason = reason}};
+}
+
+} // namespace
+
+std::unique_ptr<PhraseJudge> PhraseJudge::load(const ModelFiles& files) {
+    static_assert(resonances.size() == speakerCount);
+    std::unique_ptr<PhraseJudge> result(new PhraseJudge);
+    result->grammar_ = Decoder::load(files, Decoder::Scoring::InFull);
+    result->reference_ = Decoder::load(files, Decoder::Scoring::InFull);
+    if (!result->grammar_ || !result->reference_) {
+        return nullptr;
+    }
+    std::ranges::transform(resonances, result->speakers_.begin(),
+                           [&result](double resonance) { return result->grammar_->makeFrontEnd(resonance); });
+    const bool isComplete =
+        std::ranges::all_of(result->speakers_, [](const auto& it) { return it != nullptr; });
+    return isComplete ? std::move(result) : nullptr;
+}
+
+bool PhraseJudge::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary) {
+    const PhraseGraph& graph = vocabulary->graph;
+    Pronunciations phraseWords;
+    for (const PhraseGraph::Node& node : graph.nodes()) {
+        for (const PhraseGraph::Edge& edge : node.edges) {
+            phraseWords.insert(edge.word, vocabulary->pronunciations.value(edge.word));
+        }
+    }
+    bool accepted =
+        reference_->setDictionary(vocabulary->pronunciations) && grammar_->setDictionary(phraseWords);
+    for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
+        const QString& search = searchFor(expecting);
+        accepted = accepted && reference_->addLanguageModel(search, languageModel(graph, expecting)) &&
+                   grammar_->addGrammar(search, graph, expecting);
+    }
+    vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
+    return accepted;
+}
+
+std::vector<HeardSegment> PhraseJudge::hearPhrase(const Features& features, const Question& question) {
+    grammar_->decodeWhole(searchFor(question.hasWakePhrase ? Expecting::WakePhrase : question.expecting),
+                          features);
+    return grammar_->heard();
+}
+
+bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
+    if (wordsOf(hearPhrase(speakers_.front()->features(question.sound), question)) != words) {
+        return false;
+    }
+    const Evidence evidence{.distinction = distinction(words, question.sound)};
+    return evidence.isDistinct();
+}
+
+QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
+    reference_->decodeWhole(searchFor(question.expecting), speakers_.front()->features(question.sound));
+    return vocabulary_->graph.addressed(wordsOf(reference_->heard()), question.expecting);
+}
+
+Conclusion PhraseJudge::judge(const Question& question) {
+    Conclusion first = judgeAs(*speakers_.front(), question);
+    if (!first.verdict || first.verdict->isAccepted) {
+        return first;
+    }
+    for (const auto& speaker : std::span(speakers_).subspan(1)) {
+        Conclusion other = judgeAs(*speaker, question);
+        if (other.verdict && other.verdict->isAccepted && other.verdict->text == first.verdict->text) {
+            return other;
+        }
+    }
+    return first;
+}
+
+Conclusion PhraseJudge::judgeAs(FrontEnd& speaker, const Question& question) {
+    Features features = speaker.features(question.sound);
+    std::vector<HeardSegment> phrase = hearPhrase(features, question);
+    if (isOutOfQuestion(phrase)) {
+        return {};
+    }
+    // A command alone is short, and what is beside it says most about it.
+    if (const Question narrower = around(phrase, question);
+        narrower.sound.size() < question.sound.size() &&
+        vocabulary_->graph.wakePhraseLength(wordsOf(phrase)) > 0) {
+        features = speaker.features(narrower.sound);
+        phrase = hearPhrase(features, narrower);
+        return weigh(phrase, features, narrower);
+    }
+    return weigh(phrase, features, question);
+}
+
+Conclusion PhraseJudge::weigh(const std::vector<HeardSegment>& phrase, const Features& features,
+                              const Question& question) {
+    const PhraseGraph& graph = vocabulary_->graph;
+    const QStringList words = wordsOf(phrase);
+    const std::optional<Reading> reading = graph.read(words);
+    if (!reading || !reading->isWhole || isOutOfQuestion(phrase)) {
+        return {};
+    }
+    reference_->decodeWhole(searchFor(question.expecting), features);
+    const std::vector<HeardSegment> reference = reference_->heard();
+    const qsizetype wakeWordCount = graph.wakePhraseLength(words);
+    Evidence evidence = Evidence::weigh(phrase, reference,
+                                        {.wakeWordCount = wakeWordCount,
+                                         .mayGoOn = reading->mayGoOn,
+                                         .mayLackFirstWord = mayLackFirstWord(phrase, question)});
+    if (evidence.provesCommand()) {
+        const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
+        if (const auto other = otherCommand(words, heard)) {
+            return accepted(*other, QStringLiteral("it was heard among all words"));
+        }
+        evidence.distinction = distinction(words, question.sound);
+    }
+    const Evidence::Weakest weakest = evidence.weakest();
+    Conclusion conclusion;
+    if (weakest.margin >= farthestMiss) {
+        conclusion.verdict = UtteranceVerdict{.text = reading->text,
+                                              .isAccepted = evidence.provesCommand(),
+                                              .score = weakest.margin,
+                                              .reason = weakest.what};
+    }
+    if (evidence.provesCommand()) {
+        conclusion.reading = reading;
+    } else if (evidence.provesWakePhrase() && wakeWordCount > 0) {
+        conclusion.reading = graph.read(words.first(wakeWordCount));
+    }
+    return conclusion;
+}
+
+bool PhraseJudge::mayLackFirstWord(const std::vector<HeardSegment>& phrase, const Question& question) const {
+    constexpr qsizetype shortPhoneCount = 2; // "hey", "hi", "oh"
+    const auto first =
+        std::ranges::find_if(phrase, [](const auto& segment) { return !segment.word.isEmpty(); });
+    if (first == phrase.end()) {
+        return false;
+    }
+    const QStringList spoken = vocabulary_->pronunciations.value(first->word);
+    return question.begin + first->firstFrame * AudioTime(frameLength) <= latestBeginning &&
+           std::ranges::any_of(spoken,
+                               [](const QString& phones) { return phones.count(u' ') < shortPhoneCount; });
+}
+
+std::optional<Reading> PhraseJudge::otherCommand(const QStringList& words, const QStringList& heard) const {
+    const PhraseGraph& graph = vocabulary_->graph;
+    auto other = graph.read(heard);
+    if (!other || !other->isWhole || !other->hasWakePhrase || !other->hasCommand ||
+        graph.read(words)->text.startsWith(other->text) ||
+        soundAlikesOf(words).contains(heard.mid(graph.wakePhraseLength(heard)))) {
+        return std::nullopt;
+    }
+    return other;
+}
+
+QList<QStringList> PhraseJudge::soundAlikesOf(const QStringList& words) const {
+    const QStringList command = words.mid(vocabulary_->graph.wakePhraseLength(words));
+    return vocabulary_->soundAlikes.value(command.join(u' '));
+}
+
+double PhraseJudge::distinction(const QStringList& words, std::span<const std::int16_t> sound) {
+    const QList<QStringList> others = soundAlikesOf(words);
+    if (others.isEmpty()) {
+        return Evidence::clearDistinction;
+    }
+    static const QString itself = QStringLiteral("itself");
+    static const QString soundAlikes = QStringLiteral("sound-alikes");
+    const qsizetype wakeWordCount = vocabulary_->graph.wakePhraseLength(words);
+    const QStringList wakePhrase = words.first(wakeWordCount);
+    double sum = 0;
+    if (addGrammar(itself, wakePhrase, {words.mid(wakeWordCount)}) &&
+        addGrammar(soundAlikes, wakePhrase, others)) {
+        for (const auto& speaker : speakers_) {
+            const Features features = speaker->features(sound);
+            grammar_->decodeWhole(itself, features);
+            const std::vector<HeardSegment> phrase = grammar_->heard();
+            grammar_->decodeWhole(soundAlikes, features);
+            sum += Evidence::distinguish(phrase, grammar_->heard());
+        }
+    }
+    grammar_->removeSearch(itself);
+    grammar_->removeSearch(soundAlikes);
+    return sum / static_cast<double>(speakerCount);
+}
+
+bool PhraseJudge::addGrammar(const QString& search, const QStringList& wakePhrase,
+                             const QList<QStringList>& commands) {
+    PhraseGraph graph;
+    if (!wakePhrase.isEmpty()) {
+        graph.setWakePhrase(QString(), wakePhrase);
+    }
+    for (const QStringList& command : commands) {
+        graph.addPhrase(command.join(u' '), command);
+    }
+    return grammar_->addGrammar(search, graph,
+                                wakePhrase.isEmpty() ? Expecting::Command : Expecting::WakePhrase);
+}
+
+} // namespace brivandel

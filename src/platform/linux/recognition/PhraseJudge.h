@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/linux/recognition/CompiledVocabulary.h"
+#include "platform/linux/recognition/Decoder.h"
+#include "platform/linux/recognition/FrontEnd.h"
+#include "platform/linux/recognition/UtteranceDecoder.h"
+
+#include <array>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace brivandel {
+
+/// Says of sound that is there as a whole which phrase was said in it, if any. The grammar can hear nothing
+/// but phrases, so it makes one of everything; the reference hears any words. By how much worse the phrase
+/// fits than those words, it was said or it was not.
+///
+/// A speaker who is larger or smaller than those of the model's training fits badly, whatever he says. So
+/// what is not proven is heard again as if he were one of them, and the same phrase must come of it.
+class PhraseJudge {
+public:
+    /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
+    [[nodiscard]] static std::unique_ptr<PhraseJudge> load(const ModelFiles& files);
+
+    /// Replaces the vocabulary. False when the engine refuses it: nothing may be asked then.
+    [[nodiscard]] bool setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary);
+
+    struct Question {
+        std::span<const std::int16_t> sound;
+        /// Where in its utterance the sound begins.
+        AudioTime begin{0};
+        /// What the utterance may begin with.
+        Expecting expecting = Expecting::WakePhrase;
+        /// The gate heard the wake phrase where the sound begins.
+        bool hasWakePhrase = false;
+    };
+
+    /// Whether the grammar hears these words, and they stand out from those that sound nearly the same.
+    [[nodiscard]] bool confirms(const QStringList& words, const Question& question);
+    /// What is for us among what the reference hears.
+    [[nodiscard]] QStringList heardAmongAllWords(const Question& question);
+    [[nodiscard]] Conclusion judge(const Question& question);
+
+private:
+    PhraseJudge() = default;
+
+    [[nodiscard]] Conclusion judgeAs(FrontEnd& speaker, const Question& question);
+    [[nodiscard]] std::vector<HeardSegment> hearPhrase(const Features& features, const Question& question);
+    /// phrase is what the grammar makes of the sound, and features what the speaker makes of it.
+    [[nodiscard]] Conclusion weigh(const std::vector<HeardSegment>& phrase, const Features& features,
+                                   const Question& question);
+    [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
+                                        const Question& question) const;
+    /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
+    /// heard, which knows the phrases and much else. None where that is the same, or only its beginning, or
+    /// sounds like it.
+    [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
+                                                      const QStringList& heard) const;
+    [[nodiscard]] QList<QStringList> soundAlikesOf(const QStringList& words) const;
+    /// How the phrase stands out from those that sound nearly the same, for speakers of all sizes: where one
+    /// phone parts two phrases, a throat of the wrong size is enough to take one for the other.
+    [[nodiscard]] double distinction(const QStringList& words, std::span<const std::int16_t> sound);
+    [[nodiscard]] bool addGrammar(const QString& search, const QStringList& wakePhrase,
+                                  const QList<QStringList>& commands);
+
+    static constexpr std::size_t speakerCount = 3;
+    /// The first is one of the model's training.
+    std::array<std::unique_ptr<FrontEnd>, speakerCount> speakers_;
+    std::unique_ptr<Decoder> grammar_;
+    std::unique_ptr<Decoder> reference_;
+    std::shared_ptr<const CompiledVocabulary> vocabulary_;
+};
+
+} // namespace brivandel
