@@ -37,7 +37,7 @@ constexpr Demands ifDisputedAlone = {-20, -12, -30, -60, 0.7, 2};
 // Of 458 times "on", "off", "start recording" and "stop recording" by synthetic voices, half of them in a
 // room with an echo or in noise, 14 were taken for the other. This gives up 8 of those and 14 that were
 // right; in a clean room 1 of 117.
-constexpr double leastDistinction = 3;
+constexpr double leastDistinction = 2.5;
 
 const Demands& demandsOn(const Evidence& evidence) {
     const bool isAgreed = evidence.agreement == Agreement::Whole;

@@ -1,6 +1,5 @@
 #include "platform/linux/recognition/PhraseJudge.h"
 
-#include "platform/linux/recognition/Evidence.h"
 #include "platform/linux/recognition/LanguageModel.h"
 
 #include <algorithm>
@@ -98,7 +97,7 @@ bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
     if (wordsOf(hearPhrase(speakers_.front()->features(question.sound), question)) != words) {
         return false;
     }
-    const Evidence evidence{.distinction = distinction(words, question.sound)};
+    const Evidence evidence{.distinction = compare(words, question.sound).distinction};
     return evidence.isDistinct();
 }
 
@@ -108,38 +107,41 @@ QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
 }
 
 Conclusion PhraseJudge::judge(const Question& question) {
-    Conclusion first = judgeAs(*speakers_.front(), question);
-    if (!first.verdict || first.verdict->isAccepted) {
-        return first;
+    const Take first = take(*speakers_.front(), question);
+    Conclusion conclusion = weigh(first);
+    if (!conclusion.verdict || conclusion.verdict->isAccepted) {
+        return conclusion;
     }
     for (const auto& speaker : std::span(speakers_).subspan(1)) {
-        Conclusion other = judgeAs(*speaker, question);
-        if (other.verdict && other.verdict->isAccepted && other.verdict->text == first.verdict->text) {
-            return other;
+        const Take other = take(*speaker, question);
+        if (wordsOf(other.phrase) != wordsOf(first.phrase)) {
+            continue;
+        }
+        Conclusion again = weigh(other);
+        if (again.verdict && again.verdict->isAccepted && again.verdict->text == conclusion.verdict->text) {
+            return again;
         }
     }
-    return first;
+    return conclusion;
 }
 
-Conclusion PhraseJudge::judgeAs(FrontEnd& speaker, const Question& question) {
-    Features features = speaker.features(question.sound);
-    std::vector<HeardSegment> phrase = hearPhrase(features, question);
-    if (isOutOfQuestion(phrase)) {
-        return {};
-    }
+PhraseJudge::Take PhraseJudge::take(FrontEnd& speaker, const Question& question) {
+    Take take{.question = question, .features = speaker.features(question.sound)};
+    take.phrase = hearPhrase(take.features, question);
     // A command alone is short, and what is beside it says most about it.
-    if (const Question narrower = around(phrase, question);
-        narrower.sound.size() < question.sound.size() &&
-        vocabulary_->graph.wakePhraseLength(wordsOf(phrase)) > 0) {
-        features = speaker.features(narrower.sound);
-        phrase = hearPhrase(features, narrower);
-        return weigh(phrase, features, narrower);
+    if (vocabulary_->graph.wakePhraseLength(wordsOf(take.phrase)) == 0 || isOutOfQuestion(take.phrase)) {
+        return take;
     }
-    return weigh(phrase, features, question);
+    const Question narrower = around(take.phrase, question);
+    if (narrower.sound.size() < question.sound.size()) {
+        take = {.question = narrower, .features = speaker.features(narrower.sound)};
+        take.phrase = hearPhrase(take.features, narrower);
+    }
+    return take;
 }
 
-Conclusion PhraseJudge::weigh(const std::vector<HeardSegment>& phrase, const Features& features,
-                              const Question& question) {
+Conclusion PhraseJudge::weigh(const Take& take) {
+    const auto& [question, features, phrase] = take;
     const PhraseGraph& graph = vocabulary_->graph;
     const QStringList words = wordsOf(phrase);
     const std::optional<Reading> reading = graph.read(words);
@@ -158,7 +160,12 @@ Conclusion PhraseJudge::weigh(const std::vector<HeardSegment>& phrase, const Fea
         if (const auto other = otherCommand(words, heard)) {
             return accepted(*other, QStringLiteral("it was heard among all words"));
         }
-        evidence.distinction = distinction(words, question.sound);
+        const Comparison comparison = compare(words, question.sound);
+        evidence.distinction = comparison.distinction;
+        if (Evidence{.distinction = -comparison.distinction}.isDistinct()) {
+            return accepted(*graph.read(comparison.other),
+                            QStringLiteral("it fits best of what sounds like it"));
+        }
     }
     const Evidence::Weakest weakest = evidence.weakest();
     Conclusion conclusion;
@@ -205,10 +212,11 @@ QList<QStringList> PhraseJudge::soundAlikesOf(const QStringList& words) const {
     return vocabulary_->soundAlikes.value(command.join(u' '));
 }
 
-double PhraseJudge::distinction(const QStringList& words, std::span<const std::int16_t> sound) {
+PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span<const std::int16_t> sound) {
+    Comparison comparison;
     const QList<QStringList> others = soundAlikesOf(words);
     if (others.isEmpty()) {
-        return Evidence::clearDistinction;
+        return comparison;
     }
     static const QString itself = QStringLiteral("itself");
     static const QString soundAlikes = QStringLiteral("sound-alikes");
@@ -217,17 +225,25 @@ double PhraseJudge::distinction(const QStringList& words, std::span<const std::i
     double sum = 0;
     if (addGrammar(itself, wakePhrase, {words.mid(wakeWordCount)}) &&
         addGrammar(soundAlikes, wakePhrase, others)) {
+        double least = 0;
         for (const auto& speaker : speakers_) {
             const Features features = speaker->features(sound);
             grammar_->decodeWhole(itself, features);
             const std::vector<HeardSegment> phrase = grammar_->heard();
             grammar_->decodeWhole(soundAlikes, features);
-            sum += Evidence::distinguish(phrase, grammar_->heard());
+            const std::vector<HeardSegment> other = grammar_->heard();
+            const double distinction = Evidence::distinguish(phrase, other);
+            sum += distinction;
+            if (distinction < least) {
+                least = distinction;
+                comparison.other = wordsOf(other);
+            }
         }
     }
     grammar_->removeSearch(itself);
     grammar_->removeSearch(soundAlikes);
-    return sum / static_cast<double>(speakerCount);
+    comparison.distinction = sum / static_cast<double>(speakerCount);
+    return comparison;
 }
 
 bool PhraseJudge::addGrammar(const QString& search, const QStringList& wakePhrase,

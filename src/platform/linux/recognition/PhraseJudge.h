@@ -2,6 +2,7 @@
 
 #include "platform/linux/recognition/CompiledVocabulary.h"
 #include "platform/linux/recognition/Decoder.h"
+#include "platform/linux/recognition/Evidence.h"
 #include "platform/linux/recognition/FrontEnd.h"
 #include "platform/linux/recognition/UtteranceDecoder.h"
 
@@ -45,11 +46,15 @@ public:
 private:
     PhraseJudge() = default;
 
-    [[nodiscard]] Conclusion judgeAs(FrontEnd& speaker, const Question& question);
+    /// What the grammar makes of the sound, or of the part of it that has the words.
+    struct Take {
+        Question question;
+        Features features;
+        std::vector<HeardSegment> phrase = {};
+    };
+    [[nodiscard]] Take take(FrontEnd& speaker, const Question& question);
     [[nodiscard]] std::vector<HeardSegment> hearPhrase(const Features& features, const Question& question);
-    /// phrase is what the grammar makes of the sound, and features what the speaker makes of it.
-    [[nodiscard]] Conclusion weigh(const std::vector<HeardSegment>& phrase, const Features& features,
-                                   const Question& question);
+    [[nodiscard]] Conclusion weigh(const Take& take);
     [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         const Question& question) const;
     /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
@@ -58,9 +63,15 @@ private:
     [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
                                                       const QStringList& heard) const;
     [[nodiscard]] QList<QStringList> soundAlikesOf(const QStringList& words) const;
-    /// How the phrase stands out from those that sound nearly the same, for speakers of all sizes: where one
-    /// phone parts two phrases, a throat of the wrong size is enough to take one for the other.
-    [[nodiscard]] double distinction(const QStringList& words, std::span<const std::int16_t> sound);
+    /// A phrase beside those that sound nearly the same, for speakers of all sizes: where one phone parts two
+    /// phrases, a throat of another size is enough to take one for the other.
+    struct Comparison {
+        /// By how much the phrase stands out; below 0 one of the others does.
+        double distinction = Evidence::clearDistinction;
+        /// Which of them; none when none does.
+        QStringList other = {};
+    };
+    [[nodiscard]] Comparison compare(const QStringList& words, std::span<const std::int16_t> sound);
     [[nodiscard]] bool addGrammar(const QString& search, const QStringList& wakePhrase,
                                   const QList<QStringList>& commands);
 
