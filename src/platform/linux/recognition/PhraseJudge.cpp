@@ -162,7 +162,9 @@ Conclusion PhraseJudge::weigh(const Take& take) {
         }
         const Comparison comparison = compare(words, question.sound);
         evidence.distinction = comparison.distinction;
-        if (Evidence{.distinction = -comparison.distinction}.isDistinct()) {
+        // Two witnesses need not be as sure as one.
+        if (Evidence{.distinction = -comparison.distinction}.isDistinct() ||
+            (comparison.distinction < 0 && comparison.other == heard)) {
             return accepted(*graph.read(comparison.other),
                             QStringLiteral("it fits best of what sounds like it"));
         }
