@@ -161,13 +161,13 @@ class Corpus:
         self._long(hours)
 
     def _long(self, hours):
-        """In pieces of five minutes: half of the time talk, most of the rest music."""
+        """In pieces of five minutes, which so many sentences fill: half of the time talk, most of the rest music."""
         pieces = max(1, round(hours * 12))
         talk = np.array(material.prose() + material.studio_talk(1000, self._random))
         for index in range(pieces):
             if index % 2 == 0:
                 voice = self._natural[index // 2 % len(self._natural)]
-                parts = [part for sentence in self._random.choice(talk, 40) for part in (str(sentence), 0.6)]
+                parts = [part for sentence in self._random.choice(talk, 60) for part in (str(sentence), 0.6)]
                 self._add("ordinary speech", voice, parts, [], length=300)
             elif index % 12 == 11:
                 self._add("noise", None, [], [], background=sounds.NOISES[index // 12 % 2], length=300)
