@@ -1,6 +1,7 @@
 #include "platform/linux/recognition/CompiledVocabulary.h"
 
 #include "platform/linux/recognition/BackgroundWords.h"
+#include "platform/linux/recognition/LanguageModel.h"
 #include "platform/linux/recognition/SpokenForms.h"
 
 #include <algorithm>
@@ -51,6 +52,9 @@ public:
                 [&graph](const QString& text, const QStringList& words) { graph.addBarPhrase(text, words); });
         }
         compiled_->soundAlikes = finder.find();
+        for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
+            compiled_->languageModels[expecting] = languageModel(graph, expecting);
+        }
         return compiled_;
     }
 

@@ -5,9 +5,11 @@
 #include "platform/linux/recognition/Pronunciations.h"
 #include "platform/linux/recognition/SoundAlikes.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
+#include <map>
 #include <memory>
 
 namespace brivandel {
@@ -19,6 +21,8 @@ struct CompiledVocabulary {
     /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
     SoundAlikes soundAlikes;
+    /// In ARPA format.
+    std::map<Expecting, QByteArray> languageModels;
     /// For each phrase that cannot be listened for, a line that says which and why.
     QStringList problems;
 

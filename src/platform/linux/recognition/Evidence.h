@@ -36,9 +36,12 @@ struct Evidence {
     qsizetype surplusWords = 0;
     Agreement agreement = Agreement::None;
     /// By how much better the phrase fits than those that sound nearly the same, for each frame of the word
-    /// that parts them: small when the sound would do for either. No more than where nothing sounds the same.
-    static constexpr double clearDistinction = 30;
-    double distinction = clearDistinction;
+    /// that parts them: small when the sound would do for either. Large where nothing sounds the same.
+    double distinction = 1000;
+    /// What is asked for. Of 480 times "on", "off", "start recording" and "stop recording" by synthetic
+    /// voices, three quarters of them quiet, in an echo or in noise, 17 were taken for the other without this
+    /// and 9 with it, and 459 and 448 were right.
+    static constexpr double leastDistinction = 2.5;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
 
@@ -58,8 +61,8 @@ struct Evidence {
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
 
-    /// phrase and soundAlike are of the same sound, both scored in full. Below 0 when the other fits better.
-    /// What could not be heard to its end has fewer words, and fits worst.
+    /// phrase and soundAlike are of the same sound, both scored in full. Below 0 when the other fits better,
+    /// at most 10 either way, and 0 when one of them was not heard to its end, which says nothing.
     [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
                                             std::span<const HeardSegment> soundAlike);
     [[nodiscard]] bool isDistinct() const;

@@ -5,6 +5,7 @@
 #include <sphinxbase/cmd_ln.h>
 #include <sphinxbase/fe.h>
 
+#include <array>
 #include <utility>
 
 namespace brivandel {
@@ -19,12 +20,23 @@ std::unique_lock<std::mutex> FrontEnd::lockMaking() {
 }
 
 std::unique_ptr<FrontEnd> FrontEnd::make(cmd_ln_t* configuration, double resonance) {
-    static constexpr auto* parameter = "-warp_params";
+    // The engine's warp leaves the ends of the filter bank where they are, and moves what lies between them
+    // by a third of the factor. With the ends moved as well, everything moves by all of it.
+    constexpr auto* warp = "-warp_params";
+    constexpr std::array ends = {"-lowerf", "-upperf"};
     const auto lock = lockMaking();
-    const QByteArray before = cmd_ln_str_r(configuration, parameter);
-    cmd_ln_set_str_r(configuration, parameter, QByteArray::number(resonance).constData());
+    const QByteArray warpBefore = cmd_ln_str_r(configuration, warp);
+    std::array<double, ends.size()> endsBefore{};
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        endsBefore[i] = cmd_ln_float_r(configuration, ends[i]);
+        cmd_ln_set_float_r(configuration, ends[i], endsBefore[i] * resonance);
+    }
+    cmd_ln_set_str_r(configuration, warp, QByteArray::number(resonance).constData());
     Handle handle(fe_init_auto_r(configuration));
-    cmd_ln_set_str_r(configuration, parameter, before.constData());
+    cmd_ln_set_str_r(configuration, warp, warpBefore.constData());
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        cmd_ln_set_float_r(configuration, ends[i], endsBefore[i]);
+    }
     return handle ? std::unique_ptr<FrontEnd>(new FrontEnd(std::move(handle))) : nullptr;
 }
 

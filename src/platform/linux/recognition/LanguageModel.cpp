@@ -53,8 +53,8 @@ bool isNumber(const PhraseGraph& graph, int node) {
     return graph.nodes()[static_cast<std::size_t>(node)].isInNumber;
 }
 
-/// How many phrases go through a node outside of numbers, those that end there included. A phrase with a bar
-/// number is one, whatever the number.
+/// How many ways of saying a phrase go through a node outside of numbers, those that end there included. A
+/// phrase with a bar number is one, whatever the number.
 double phraseCount(const PhraseGraph& graph, int at) {
     const PhraseGraph::Node& node = graph.nodes()[static_cast<std::size_t>(at)];
     double count = node.isEnd ? 1 : 0;
@@ -69,8 +69,9 @@ double phraseCount(const PhraseGraph& graph, int at) {
     return count + (hasNumber ? 1 : 0);
 }
 
-/// Walks the graph and counts which word follows which one and two words. Every phrase is equally likely, so
-/// that "stop recording" is no worse than "start recording" where more phrases begin with "stop".
+/// Walks the graph and counts which word follows which one and two words. Every way of saying a phrase is
+/// equally likely, so that "stop recording" is no worse than "start recording" where more phrases begin with
+/// "stop".
 class Counter {
 public:
     Counter(const PhraseGraph& graph, Expecting expecting) : graph_(graph) {

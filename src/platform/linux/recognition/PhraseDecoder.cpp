@@ -1,7 +1,5 @@
 #include "platform/linux/recognition/PhraseDecoder.h"
 
-#include "platform/linux/recognition/LanguageModel.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -30,9 +28,8 @@ std::unique_ptr<PhraseDecoder> PhraseDecoder::load(const ModelFiles& files) {
 
 bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary) {
     bool accepted = judge_->setVocabulary(vocabulary) && gate_->setDictionary(vocabulary->pronunciations);
-    for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
-        accepted = accepted &&
-                   gate_->addLanguageModel(searchFor(expecting), languageModel(vocabulary->graph, expecting));
+    for (const auto& [expecting, model] : vocabulary->languageModels) {
+        accepted = accepted && gate_->addLanguageModel(searchFor(expecting), model);
     }
     vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
     return accepted;

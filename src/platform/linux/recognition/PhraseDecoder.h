@@ -11,8 +11,8 @@
 namespace brivandel {
 
 /// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and
-/// says while somebody speaks where the wake phrase is; the judge can hear nothing but phrases, and says
-/// which. Either alone fails: the first misses phrases in noise, the second makes a command of every
+/// says while somebody speaks where the wake phrase is; the judge's grammar can hear nothing but phrases, and
+/// says which. Either alone fails: the first misses phrases in noise, the second makes a command of every
 /// sentence. Where both hear the same words, that was said. Where they do not, the judge weighs the utterance
 /// as a whole.
 class PhraseDecoder final : public UtteranceDecoder {

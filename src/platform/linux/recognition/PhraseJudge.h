@@ -19,6 +19,8 @@ namespace brivandel {
 ///
 /// A speaker who is larger or smaller than those of the model's training fits badly, whatever he says. So
 /// what is not proven is heard again as if he were one of them, and the same phrase must come of it.
+///
+/// Any one thread at a time.
 class PhraseJudge {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
@@ -41,6 +43,8 @@ public:
     [[nodiscard]] bool confirms(const QStringList& words, const Question& question);
     /// What is for us among what the reference hears.
     [[nodiscard]] QStringList heardAmongAllWords(const Question& question);
+    /// The reading has no more than the wake phrase where that alone is proven, and there is no verdict where
+    /// the sound came near no phrase.
     [[nodiscard]] Conclusion judge(const Question& question);
 
 private:
@@ -54,7 +58,13 @@ private:
     };
     [[nodiscard]] Take take(FrontEnd& speaker, const Question& question);
     [[nodiscard]] std::vector<HeardSegment> hearPhrase(const Features& features, const Question& question);
-    [[nodiscard]] Conclusion weigh(const Take& take);
+    /// What comes of one take.
+    struct Judgement {
+        Conclusion conclusion;
+        /// The phrase was near, but did not fit: it may if another speaker said it.
+        bool isOpen = false;
+    };
+    [[nodiscard]] Judgement weigh(const Take& take);
     [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         const Question& question) const;
     /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
@@ -66,14 +76,14 @@ private:
     /// A phrase beside those that sound nearly the same, for speakers of all sizes: where one phone parts two
     /// phrases, a throat of another size is enough to take one for the other.
     struct Comparison {
-        /// By how much the phrase stands out; below 0 one of the others does.
-        double distinction = Evidence::clearDistinction;
-        /// Which of them; none when none does.
+        /// By how much the phrase stands out, as the mean of the speakers; below 0 others do.
+        double distinction = Evidence().distinction;
+        /// The one other that does, for most speakers; none when there is none, or several.
         QStringList other = {};
     };
     [[nodiscard]] Comparison compare(const QStringList& words, std::span<const std::int16_t> sound);
-    [[nodiscard]] bool addGrammar(const QString& search, const QStringList& wakePhrase,
-                                  const QList<QStringList>& commands);
+    /// One that can hear nothing but these.
+    [[nodiscard]] bool addGrammar(const QString& search, const QList<QStringList>& phrases);
 
     static constexpr std::size_t speakerCount = 3;
     /// The first is one of the model's training.

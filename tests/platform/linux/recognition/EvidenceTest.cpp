@@ -165,18 +165,23 @@ TEST(Evidence, SoundThatFitsBothAlike_ProvesNeither) {
     EXPECT_FALSE(Evidence{.distinction = Evidence::distinguish(off, on)}.isDistinct());
 }
 
-TEST(Evidence, SoundAlikeThatIsNotHeardToItsEnd_IsNoRival) {
+TEST(Evidence, PhraseThatIsNotHeardToItsEnd_SaysNothing) {
     const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
-    const std::vector begun = {segment(u"click", 60, 40, -20)};
-    EXPECT_EQ(Evidence::distinguish(on, begun), Evidence::clearDistinction);
-    EXPECT_EQ(Evidence::distinguish(begun, on), -Evidence::clearDistinction);
+    EXPECT_EQ(Evidence::distinguish(on, {}), 0);
+    EXPECT_EQ(Evidence::distinguish({}, on), 0);
     EXPECT_EQ(Evidence::distinguish({}, {}), 0);
 }
 
-TEST(Evidence, SoundAlikeThatFitsNotAtAll_CountsNoMoreThanNone) {
+TEST(Evidence, SoundAlikeThatFitsNotAtAll_IsNoMoreThanClear) {
     const std::vector on = {segment(u"click", 60, 20, -30), segment(u"on", 80, 20, -30)};
     const std::vector off = {segment(u"click", 60, 20, -30), segment(u"off", 80, 20, -300)};
-    EXPECT_EQ(Evidence::distinguish(on, off), Evidence().distinction);
+    EXPECT_EQ(Evidence::distinguish(on, off), 10);
+    EXPECT_EQ(Evidence::distinguish(off, on), -10);
+}
+
+TEST(Evidence, Distinction_IsAskedForInTheMeasureThatIsWrittenDown) {
+    EXPECT_TRUE(Evidence{.distinction = Evidence::leastDistinction}.isDistinct());
+    EXPECT_FALSE(Evidence{.distinction = Evidence::leastDistinction - 0.01}.isDistinct());
 }
 
 TEST(Evidence, NothingHeard_CanBeWeighed) {
