@@ -6,11 +6,6 @@ namespace brivandel {
 
 namespace {
 
-// By how much the resonances of the speakers are higher than in the model's training. Of 120 commands by
-// formant voices of Britain the first alone understands 54; with two more it is 78 at 3.5 %, 77 at 5 %, 68 at
-// 8 % and 67 at 12 %. Two of each were wrong.
-constexpr std::array<double, 3> resonances = {1, 0.96, 1.04};
-
 // Of an utterance with music before and after the words, only the words and so much around them are gone over
 // once more: the music would be taken for words, and colour what is known of the voice. Less than the saving
 // is not worth the work.
@@ -54,8 +49,7 @@ Conclusion accepted(const Reading& reading, const QString& reason) {
 
 } // namespace
 
-std::unique_ptr<PhraseJudge> PhraseJudge::load(const ModelFiles& files) {
-    static_assert(resonances.size() == speakerCount);
+std::unique_ptr<PhraseJudge> PhraseJudge::load(const ModelFiles& files, const Resonances& resonances) {
     std::unique_ptr<PhraseJudge> result(new PhraseJudge);
     result->grammar_ = Decoder::load(files, Decoder::Scoring::InFull);
     result->reference_ = Decoder::load(files, Decoder::Scoring::InFull);
@@ -250,7 +244,7 @@ PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span
     }
     grammar_->removeSearch(itself);
     grammar_->removeSearch(soundAlikes);
-    comparison.distinction = sum / static_cast<double>(speakerCount);
+    comparison.distinction = sum / static_cast<double>(speakers_.size());
     if (betterOnes.size() >= leastSpeakersForAnother &&
         betterOnes.count(betterOnes.front()) == betterOnes.size()) {
         comparison.other = betterOnes.front();

@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 #include <span>
+#include <tuple>
 #include <vector>
 
 namespace brivandel {
@@ -23,8 +24,16 @@ namespace brivandel {
 /// Any one thread at a time.
 class PhraseJudge {
 public:
+    /// By how much the resonances of each speaker are higher than in the model's training. The first is asked
+    /// first.
+    using Resonances = std::array<double, 3>;
+    /// Of 120 commands by formant voices of Britain 54 are understood without the second and the third, 78
+    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %. Two of each were wrong.
+    static constexpr Resonances usualResonances = {1, 0.96, 1.04};
+
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
-    [[nodiscard]] static std::unique_ptr<PhraseJudge> load(const ModelFiles& files);
+    [[nodiscard]] static std::unique_ptr<PhraseJudge> load(const ModelFiles& files,
+                                                           const Resonances& resonances = usualResonances);
 
     /// Replaces the vocabulary. False when the engine refuses it: nothing may be asked then.
     [[nodiscard]] bool setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabulary);
@@ -85,9 +94,7 @@ private:
     /// One that can hear nothing but these.
     [[nodiscard]] bool addGrammar(const QString& search, const QList<QStringList>& phrases);
 
-    static constexpr std::size_t speakerCount = 3;
-    /// The first is one of the model's training.
-    std::array<std::unique_ptr<FrontEnd>, speakerCount> speakers_;
+    std::array<std::unique_ptr<FrontEnd>, std::tuple_size_v<Resonances>> speakers_;
     std::unique_ptr<Decoder> grammar_;
     std::unique_ptr<Decoder> reference_;
     std::shared_ptr<const CompiledVocabulary> vocabulary_;
