@@ -39,6 +39,8 @@ def arguments():
     parser.add_argument("--misses", action="store_true", help="list what was not right")
     parser.add_argument("--require", type=float, help="fail below this share of right ones, and at any wrong one")
     given = parser.parse_args()
+    # Other programs are given these paths.
+    given.folder = given.folder.resolve()
     given.size = given.size or (0.1 if given.quick else 1)
     if given.quick:
         given.hours = min(given.hours, 0.5)

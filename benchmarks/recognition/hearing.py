@@ -141,4 +141,6 @@ class GeneralModel:
                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             # "the words (name of the file -score)", in the order of the files.
             texts = [line.rpartition("(")[0].strip() for line in heard.read_text().splitlines()]
+        if len(texts) != len(paths):
+            raise RuntimeError(f"the general model answered for {len(texts)} of {len(paths)} files")
         return texts, processor, memory
