@@ -138,9 +138,10 @@ class Figures:
     def write(self, document, given):
         """Replaces what stands between the marks in the document, and draws the pictures beside it."""
         text = document.read_text()
-        hours = sum(r["seconds"] for r in self._results) / 3600
+        heard = [r for r in self._results if r["listener"] == "program"]
+        hours = sum(r["seconds"] for r in heard) / 3600
         head = (f"Voices of the half “{given.half}”, seed {given.seed}, {100 * given.size:.0f} % of the corpus: "
-                f"{len(self._results)} utterances, {hours:.1f} hours of sound.")
+                f"{len(heard)} utterances, {hours:.1f} hours of sound.")
         document.write_text(re.sub(r"(<!-- figures -->\n).*(<!-- end of figures -->)",
                                    lambda m: f"{m[1]}\n{head}\n\n{self.table()}\n\n{m[2]}", text, flags=re.DOTALL))
         kinds = [g.removesuffix(", 20 dB") for g in self._spoken_groups() if g.endswith(", 20 dB")]
