@@ -161,7 +161,7 @@ class Corpus:
         self._long(hours)
 
     def _long(self, hours):
-        """In pieces of five minutes, which so many sentences fill: half of the time talk, most of the rest music."""
+        """In pieces of five minutes, half of the time talk, most of the rest music. Sixty sentences are longer than that."""
         pieces = max(1, round(hours * 12))
         talk = np.array(material.prose() + material.studio_talk(1000, self._random))
         for index in range(pieces):
