@@ -83,8 +83,8 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring)
     err_set_logfp(nullptr);
     const QByteArray acousticModel = QFile::encodeName(files.acousticModel);
     // No second and third pass of the engine's own: they answer only at the end of an utterance, and a small
-    // vocabulary gains nothing by them. Silence is kept since the endpointer decides what silence is. Without a warp of its own the decoder
-    // would have that of the front end that was made before it.
+    // vocabulary gains nothing by them. Silence is kept since the endpointer decides what silence is. Without
+    // a warp of its own the decoder would have that of the front end that was made before it.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no",
                     "-lw", "6.5", "-warp_params", "1", "-fwdflat", "no", "-bestpath", "no", "-compallsen",
