@@ -1,7 +1,6 @@
 """How well the recogniser hears: script/bench recognition. See docs/recognition.md."""
 
 import argparse
-import hashlib
 import json
 import sys
 import tempfile
@@ -12,8 +11,12 @@ from pathlib import Path
 import sounds
 import summary
 from cases import Corpus
+from digests import digest_of
 from hearing import GeneralModel, Program, name_of, sound_of
 from voices import VOICES, Speech
+
+_WHAT_MAKES_THE_CORPUS = [Path(__file__).with_name(f"{module}.py")
+                          for module in ("cases", "hearing", "material", "sounds", "voices")]
 
 _BATCH_SECONDS = 200
 # The general model's figures need fewer utterances: they are far from the others.
@@ -181,9 +184,9 @@ def main():
     given.folder.mkdir(parents=True, exist_ok=True)
     rig = Rig(given)
     utterances = rig.corpus()
-    # Another build of the program is another listener: its results are not mixed with these.
-    build = hashlib.sha256(given.program.read_bytes()).hexdigest()[:12]
-    results = Results(given.folder / f"{given.half}-{given.seed}-{build}.jsonl", given.fresh)
+    # Another build of the program is another listener, and other sounds are other questions: neither is mixed with these.
+    run = digest_of(given.program, *_WHAT_MAKES_THE_CORPUS)
+    results = Results(given.folder / f"{given.half}-{given.seed}-{run}.jsonl", given.fresh)
     try:
         if not given.no_run:
             rig.run(utterances, results)

@@ -58,12 +58,24 @@ def at_decibels(samples, decibels):
 
 
 def trimmed(samples):
-    """Without the silence before and after: from the first to the last 10 ms within 35 dB of the loudest."""
-    frame = RATE // 100
-    frames = samples[: len(samples) // frame * frame].reshape(-1, frame)
+    """Without the silence before and after.
+
+    Low sounds are told from it by their energy. The H of "hey" and the end of "off" are no louder than what some voices
+    have for silence, but of higher frequencies: those are told by how the samples differ from one another.
+    """
+    sounding = _sounding(samples, 35) | _sounding(np.diff(samples, prepend=samples[:1]), 30)
+    first, *_, last = np.flatnonzero(sounding)
+    return samples[first * _TRIM_FRAME : (last + 1) * _TRIM_FRAME]
+
+
+_TRIM_FRAME = RATE // 100
+
+
+def _sounding(samples, decibels):
+    """Which frames are within so many decibels of the loudest."""
+    frames = samples[: len(samples) // _TRIM_FRAME * _TRIM_FRAME].reshape(-1, _TRIM_FRAME)
     energy = np.mean(np.square(frames), axis=1)
-    loud = np.flatnonzero(energy > energy.max() * 10 ** (-35 / 10))
-    return samples[loud[0] * frame : (loud[-1] + 1) * frame]
+    return energy > energy.max() * 10 ** (-decibels / 10)
 
 
 def noise(kind, count, random):

@@ -8,6 +8,10 @@ from dataclasses import dataclass, replace
 from pathlib import Path
 
 import sounds
+from digests import digest_of
+
+# Speech that was made another way is made anew.
+_MAKING = digest_of(__file__, sounds.__file__)
 
 
 @dataclass(frozen=True)
@@ -68,7 +72,7 @@ class Speech:
         cache.mkdir(parents=True, exist_ok=True)
 
     def _path(self, voice, text):
-        digest = hashlib.sha256(repr((voice, text)).encode()).hexdigest()
+        digest = hashlib.sha256(repr((_MAKING, voice, text)).encode()).hexdigest()
         return self._cache / f"{digest[:24]}.wav"
 
     def prepare(self, wanted):
