@@ -137,7 +137,7 @@ bool Decoder::addLanguageModel(const QString& search, const QByteArray& arpa) {
     return true;
 }
 
-bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting) {
+bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting, Pauses pauses) {
     // One state where everything begins, one where everything ends, and one for each node where words go on.
     // The engine looks at every state for each 10 ms of sound, and most nodes are the last of their phrase.
     constexpr int start = 0;
@@ -175,6 +175,15 @@ bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expect
         for (const PhraseGraph::Edge& edge : node.edges) {
             const int word = fsg_model_word_add(grammar.get(), edge.word.toUtf8().constData());
             fsg_model_trans_add(grammar.get(), states[i], stateOf(edge.target), evenLogProbability, word);
+        }
+    }
+    if (pauses == Pauses::NotAfterTheLastWord) {
+        // The engine adds its own, everywhere, where there are none yet.
+        const auto chance = static_cast<float>(cmd_ln_float_r(ps_get_config(handle_.get()), "-silprob"));
+        for (int state = 0; state < stateCount; ++state) {
+            if (state != end) {
+                fsg_model_add_silence(grammar.get(), "<sil>", state, chance);
+            }
         }
     }
     glist_free(fsg_model_null_trans_closure(grammar.get(), nullptr));

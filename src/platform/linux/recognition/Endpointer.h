@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/linux/recognition/NoiseFloor.h"
 #include "platform/linux/recognition/RecognitionFormat.h"
 
-#include <array>
 #include <chrono>
 #include <cstdint>
 #include <span>
@@ -12,9 +12,6 @@ namespace brivandel {
 /// Finds where an utterance begins and ends, by loudness above a floor that follows the room.
 class Endpointer {
 public:
-    /// Louder than the floor by this much is sound; measured: less opens at every breath, more cuts soft
-    /// endings.
-    static constexpr double onsetDecibels = 8;
     /// Sound must last so long to begin an utterance, and silence so long to end one.
     static constexpr std::chrono::milliseconds onset{40};
     static constexpr std::chrono::milliseconds hangover{420};
@@ -24,29 +21,19 @@ public:
 
     enum class Change : std::uint8_t { None, Begin, End };
 
-    Endpointer();
-
-    /// Takes one frame of 10 ms. End comes once, hangover after the last sound.
-    Change push(std::span<const std::int16_t, samplesPerFrame> frame);
+    /// Takes one frame of 10 ms, as it was heard and without its noise: a voice that is little louder than the
+    /// noise stands out of the second, and its softest sounds, if there is no noise, out of the first. End
+    /// comes once, hangover after the last sound.
+    Change push(std::span<const std::int16_t, samplesPerFrame> asHeard,
+                std::span<const std::int16_t, samplesPerFrame> withoutNoise);
 
     [[nodiscard]] bool inUtterance() const { return inUtterance_; }
     /// How long it has been silent; 0 while there is sound.
     [[nodiscard]] std::chrono::milliseconds silence() const { return silence_; }
 
 private:
-    void followFloor(double decibels);
-
-    // The floor is the quietest moment of the last 1.5 seconds: any speech has a gap in that time, and a fan
-    // that is switched on is no longer taken for speech after it. Kept as the minima of six quarters of a
-    // second.
-    static constexpr int framesPerSpan = 25;
-    std::array<double, 6> spanMinima_{};
-    std::size_t currentSpan_ = 0;
-    int framesInSpan_ = 0;
-    double floor_;
-
-    double smoothed_;
-    double lastSample_ = 0;
+    NoiseFloor asHeard_;
+    NoiseFloor withoutNoise_;
     bool inUtterance_ = false;
     std::chrono::milliseconds sound_{0};
     std::chrono::milliseconds silence_{0};

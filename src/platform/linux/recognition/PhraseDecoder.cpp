@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/PhraseDecoder.h"
 
+#include "platform/linux/recognition/NoiseSuppressor.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -37,23 +39,30 @@ bool PhraseDecoder::setVocabulary(std::shared_ptr<const CompiledVocabulary> voca
 
 void PhraseDecoder::begin(Expecting expecting) {
     expecting_ = expecting;
+    opening_.clear();
     utterance_.clear();
     askedFor_.clear();
     answer_.reset();
     gateHasBegun_ = false;
 }
 
-void PhraseDecoder::process(std::span<const std::int16_t> samples) {
-    utterance_.insert(utterance_.end(), samples.begin(), samples.end());
+void PhraseDecoder::process(const HeardSound& sound) {
     if (gateHasBegun_) {
+        const std::vector<std::int16_t>& samples = isNoisy_ ? sound.withoutNoise : sound.asHeard;
+        utterance_.insert(utterance_.end(), samples.begin(), samples.end());
         gate_->process(samples);
-    } else if (utterance_.size() >= sampleCount(opening)) {
+        return;
+    }
+    opening_.append(sound);
+    if (opening_.length() >= opening) {
         beginGate();
     }
 }
 
 void PhraseDecoder::beginGate() {
     gateHasBegun_ = true;
+    isNoisy_ = isNoisy(opening_.asHeard);
+    utterance_ = isNoisy_ ? std::move(opening_.withoutNoise) : std::move(opening_.asHeard);
     const std::span<const std::int16_t> sound(utterance_);
     gate_->begin(searchFor(expecting_), sound.first(std::min(sampleCount(opening), sound.size())));
     gate_->process(sound);

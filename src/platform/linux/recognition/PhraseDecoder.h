@@ -26,7 +26,7 @@ public:
     [[nodiscard]] const std::shared_ptr<const CompiledVocabulary>& vocabulary() const { return vocabulary_; }
 
     void begin(Expecting expecting) override;
-    void process(std::span<const std::int16_t> samples) override;
+    void process(const HeardSound& sound) override;
     [[nodiscard]] std::optional<Reading> interim() override;
     [[nodiscard]] bool isPromising() const override;
     [[nodiscard]] Conclusion conclude() override;
@@ -51,7 +51,10 @@ private:
     std::shared_ptr<const CompiledVocabulary> vocabulary_;
 
     Expecting expecting_ = Expecting::WakePhrase;
+    /// Until the gate begins; then the one of the two that is better understood.
+    HeardSound opening_;
     std::vector<std::int16_t> utterance_;
+    bool isNoisy_ = false;
     bool gateHasBegun_ = false;
     /// What the gate had heard when the judge was last asked in this utterance, and what came of it.
     QStringList askedFor_;

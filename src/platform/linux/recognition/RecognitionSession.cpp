@@ -1,6 +1,7 @@
 #include "platform/linux/recognition/RecognitionSession.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace brivandel {
@@ -10,6 +11,7 @@ RecognitionSession::RecognitionSession(Reporting reporting, LeaseDecoder leaseDe
     , leaseDecoder_(std::move(leaseDecoder))
     , handlers_(std::move(handlers)) {
     frame_.reserve(samplesPerFrame);
+    lastFrame_.resize(samplesPerFrame);
 }
 
 void RecognitionSession::process(std::span<const float> samples) {
@@ -27,10 +29,17 @@ void RecognitionSession::process(std::span<const float> samples) {
 
 void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFrame> frame) {
     heard_ += frameLength;
-    const Endpointer::Change change = endpointer_.push(frame);
-    remember(frame, utterance_ ? overlap : Endpointer::preRoll);
+    std::array<std::int16_t, samplesPerFrame> withoutNoise{};
+    std::ranges::copy(frame, withoutNoise.begin());
+    suppressor_.process(withoutNoise);
+    const HeardSound sound{.asHeard = std::exchange(lastFrame_, {frame.begin(), frame.end()}),
+                           .withoutNoise = {withoutNoise.begin(), withoutNoise.end()}};
+    const std::span<const std::int16_t, samplesPerFrame> asHeard(sound.asHeard);
+    const Endpointer::Change change = endpointer_.push(asHeard, withoutNoise);
+    recent_.append(sound);
+    recent_.keepLast(utterance_ ? overlap : Endpointer::preRoll);
     if (utterance_) {
-        feed(frame);
+        feed(sound);
         if (change == Endpointer::Change::End) {
             endUtterance(Ending::Complete);
         } else if (utterance_->length >= longestUtterance) {
@@ -42,14 +51,6 @@ void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFr
     if (!ended_ && !utterance_ && heard_ >= longestSession) {
         fail(QStringLiteral("The recognition session has ended after %1 seconds.")
                  .arg(longestSession.count()));
-    }
-}
-
-void RecognitionSession::remember(std::span<const std::int16_t> samples, AudioTime most) {
-    recent_.insert(recent_.end(), samples.begin(), samples.end());
-    const std::size_t limit = sampleCount(most);
-    if (recent_.size() > limit) {
-        recent_.erase(recent_.begin(), recent_.end() - static_cast<std::ptrdiff_t>(limit));
     }
 }
 
@@ -67,15 +68,15 @@ void RecognitionSession::beginUtterance() {
         utterance_->before = begun->before;
         feed(begun->sound);
     }
-    feed(std::vector<std::int16_t>(recent_.begin(), recent_.end()));
+    feed(recent_);
 }
 
-void RecognitionSession::feed(std::span<const std::int16_t> samples) {
-    std::vector<std::int16_t>& unprocessed = utterance_->unprocessed;
-    unprocessed.insert(unprocessed.end(), samples.begin(), samples.end());
-    utterance_->sound.insert(utterance_->sound.end(), samples.begin(), samples.end());
-    utterance_->length += AudioTime(static_cast<std::int64_t>(samples.size()));
-    if (unprocessed.size() >= sampleCount(step)) {
+void RecognitionSession::feed(const HeardSound& sound) {
+    HeardSound& unprocessed = utterance_->unprocessed;
+    unprocessed.append(sound);
+    utterance_->sound.append(sound);
+    utterance_->length += sound.length();
+    if (unprocessed.length() >= step) {
         utterance_->lease.decoder->process(unprocessed);
         unprocessed.clear();
         considerInterim();
@@ -146,7 +147,7 @@ void RecognitionSession::endUtterance(Ending ending) {
 
 void RecognitionSession::cutUtterance() {
     // Whoever speaks without a pause may be in the middle of a command: its beginning is in the last part.
-    std::deque<std::int16_t> lastPart = std::exchange(recent_, {});
+    HeardSound lastPart = std::exchange(recent_, {});
     const bool understood = utterance_->delivered.has_value();
     endUtterance(Ending::CutOff);
     if (!understood) {

@@ -3,6 +3,8 @@
 #include "platform/SpeechRecognition.h"
 #include "platform/linux/recognition/Dither.h"
 #include "platform/linux/recognition/Endpointer.h"
+#include "platform/linux/recognition/HeardSound.h"
+#include "platform/linux/recognition/NoiseSuppressor.h"
 #include "platform/linux/recognition/RecognitionFormat.h"
 #include "platform/linux/recognition/UtteranceDecoder.h"
 
@@ -10,7 +12,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -82,7 +83,7 @@ public:
 private:
     struct Utterance {
         Lease lease;
-        std::vector<std::int16_t> unprocessed = {};
+        HeardSound unprocessed = {};
         AudioTime length{0};
         std::optional<Reading> candidate = std::nullopt;
         std::optional<Reading> delivered = std::nullopt;
@@ -90,19 +91,18 @@ private:
         std::optional<Conclusion> conclusion = std::nullopt;
         /// The transcript of what was said before it.
         QString before = {};
-        std::vector<std::int16_t> sound = {};
+        HeardSound sound = {};
     };
     /// A phrase that was broken off.
     struct Unfinished {
-        std::vector<std::int16_t> sound;
+        HeardSound sound;
         QString before;
         AudioTime end;
     };
 
     void processFrame(std::span<const std::int16_t, samplesPerFrame> frame);
-    void remember(std::span<const std::int16_t> samples, AudioTime most);
     void beginUtterance();
-    void feed(std::span<const std::int16_t> samples);
+    void feed(const HeardSound& sound);
     void considerInterim();
     void endUtterance(Ending ending);
     void cutUtterance();
@@ -118,7 +118,10 @@ private:
     Dither dither_;
     Endpointer endpointer_;
     std::vector<std::int16_t> frame_;
-    std::deque<std::int16_t> recent_;
+    /// The frame that was heard last, since the suppressor is one late.
+    std::vector<std::int16_t> lastFrame_;
+    NoiseSuppressor suppressor_;
+    HeardSound recent_;
     AudioTime heard_{0};
     std::optional<Utterance> utterance_;
     std::optional<Unfinished> unfinished_;

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "platform/SpeechRecognition.h"
+#include "platform/linux/recognition/HeardSound.h"
 #include "platform/linux/recognition/PhraseGraph.h"
 
-#include <cstdint>
 #include <optional>
-#include <span>
 
 namespace brivandel {
 
@@ -25,7 +24,7 @@ public:
 
     /// Begins an utterance; one that is going on is forgotten.
     virtual void begin(Expecting expecting) = 0;
-    virtual void process(std::span<const std::int16_t> samples) = 0;
+    virtual void process(const HeardSound& sound) = 0;
     /// What has been said if nothing more is said; none while that is not sure to be a phrase. Worth asking
     /// only in silence: in the middle of a word there is no telling. Costs some milliseconds for each new
     /// answer.

@@ -16,13 +16,13 @@ RecognitionVocabulary vocabularyOf(const QStringList& phrases) {
             .barPhrases = {QStringLiteral("go to bar")}};
 }
 
-std::vector<std::int16_t> noise() {
+HeardSound noise() {
     Noise noise;
     std::vector<std::int16_t> samples;
     for (const float sample : noise(-30, 1s)) {
         samples.push_back(static_cast<std::int16_t>(sample * 32767));
     }
-    return samples;
+    return {.asHeard = samples, .withoutNoise = samples};
 }
 
 class DecoderPoolTest : public testing::Test {

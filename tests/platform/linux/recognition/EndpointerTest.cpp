@@ -23,7 +23,7 @@ protected:
                 sample =
                     static_cast<std::int16_t>(std::lround(std::clamp(noise(random_), -32768.0, 32767.0)));
             }
-            const auto change = endpointer_.push(frame);
+            const auto change = endpointer_.push(frame, frame);
             if (change != Endpointer::Change::None) {
                 changes.push_back(change);
             }

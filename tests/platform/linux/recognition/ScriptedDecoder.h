@@ -26,9 +26,7 @@ public:
         begun.push_back(expecting);
         heard = AudioTime(0);
     }
-    void process(std::span<const std::int16_t> samples) override {
-        heard += AudioTime(static_cast<std::int64_t>(samples.size()));
-    }
+    void process(const HeardSound& sound) override { heard += sound.length(); }
     std::optional<Reading> interim() override { return interimAnswer; }
     bool isPromising() const override { return promising; }
     Conclusion conclude() override {
