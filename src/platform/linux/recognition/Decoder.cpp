@@ -87,8 +87,8 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring)
     // a warp of its own the decoder would have that of the front end that was made before it.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no",
-                    "-lw", "6.5", "-warp_params", "1", "-fwdflat", "no", "-bestpath", "no", "-compallsen",
-                    scoring == Scoring::InFull ? "yes" : "no", nullptr));
+                    "-lw", "6.5", "-warp_params", "1", "-fwdflat", "no", "-bestpath", "no", "-allphone_ci",
+                    "yes", "-compallsen", scoring == Scoring::InFull ? "yes" : "no", nullptr));
     if (!configuration) {
         return nullptr;
     }
@@ -137,7 +137,7 @@ bool Decoder::addLanguageModel(const QString& search, const QByteArray& arpa) {
     return true;
 }
 
-bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting, Pauses pauses) {
+bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting) {
     // One state where everything begins, one where everything ends, and one for each node where words go on.
     // The engine looks at every state for each 10 ms of sound, and most nodes are the last of their phrase.
     constexpr int start = 0;
@@ -177,17 +177,16 @@ bool Decoder::addGrammar(const QString& search, const PhraseGraph& graph, Expect
             fsg_model_trans_add(grammar.get(), states[i], stateOf(edge.target), evenLogProbability, word);
         }
     }
-    if (pauses == Pauses::NotAfterTheLastWord) {
-        // The engine adds its own, everywhere, where there are none yet.
-        const auto chance = static_cast<float>(cmd_ln_float_r(ps_get_config(handle_.get()), "-silprob"));
-        for (int state = 0; state < stateCount; ++state) {
-            if (state != end) {
-                fsg_model_add_silence(grammar.get(), "<sil>", state, chance);
-            }
-        }
-    }
     glist_free(fsg_model_null_trans_closure(grammar.get(), nullptr));
     if (ps_set_fsg(handle_.get(), name.constData(), grammar.get()) != 0) {
+        return false;
+    }
+    searches_ << search;
+    return true;
+}
+
+bool Decoder::addPhoneLoop(const QString& search) {
+    if (ps_set_allphone(handle_.get(), search.toUtf8().constData(), nullptr) != 0) {
         return false;
     }
     searches_ << search;

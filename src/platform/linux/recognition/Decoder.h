@@ -48,13 +48,12 @@ public:
 
     /// Replaces the dictionary, and drops all searches. False when the engine refuses it.
     [[nodiscard]] bool setDictionary(const Pronunciations& pronunciations);
-    /// Where silence and noises may be heard that are no words.
-    enum class Pauses : std::uint8_t { Anywhere, NotAfterTheLastWord };
     /// Adds a search through a language model in ARPA format, or through a graph that every utterance must
     /// fit.
     [[nodiscard]] bool addLanguageModel(const QString& search, const QByteArray& arpa);
-    [[nodiscard]] bool addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting,
-                                  Pauses pauses = Pauses::Anywhere);
+    [[nodiscard]] bool addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting);
+    /// Adds a search that hears any phones in any order: the words that it hears are phones.
+    [[nodiscard]] bool addPhoneLoop(const QString& search);
     /// One that is not there is no error. What was heard with it is gone.
     void removeSearch(const QString& search);
 

@@ -21,9 +21,9 @@ public:
 
     enum class Change : std::uint8_t { None, Begin, End };
 
-    /// Takes one frame of 10 ms, as it was heard and without its noise: a voice that is little louder than the
-    /// noise stands out of the second, and its softest sounds, if there is no noise, out of the first. End
-    /// comes once, hangover after the last sound.
+    /// Takes one frame of 10 ms, as it was heard and without its noise: a voice that is little louder than
+    /// the noise stands out of the second, and its softest sounds, if there is no noise, out of the first.
+    /// End comes once, hangover after the last sound.
     Change push(std::span<const std::int16_t, samplesPerFrame> asHeard,
                 std::span<const std::int16_t, samplesPerFrame> withoutNoise);
 

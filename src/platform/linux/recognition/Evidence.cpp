@@ -34,6 +34,11 @@ constexpr Demands ifAgreedButForTheFirstWord = {-15, -50, -13, -60, 0, 100};
 constexpr Demands ifAgreedAlone = {-20, -20, -30, -60, 0, 100};
 constexpr Demands ifDisputedAlone = {-20, -12, -30, -60, 0.7, 2};
 
+// Of 55 commands that were heard in four minutes of music 53 are below this, and 4 of 41 that were said. Of
+// those all but one are not asked: where the gate hears the same, nobody doubts it, and of music it never
+// does.
+constexpr double leastAmongPhones = -10;
+
 // So much tells two phrases apart. More is not counted, so that no one of several comparisons decides alone.
 constexpr double clearDistinction = 10;
 
@@ -176,9 +181,26 @@ bool Evidence::provesWakePhrase() const {
     return ofWakePhrase >= least.wakePhrase;
 }
 
+double Evidence::compareToPhones(std::span<const HeardSegment> phrase, std::span<const HeardSegment> phones) {
+    Sum words;
+    for (const HeardSegment& segment : phrase) {
+        if (!segment.word.isEmpty()) {
+            words.score += segment.score - scoreAt(segment, phones);
+            words.frameCount += segment.frameCount;
+        }
+    }
+    Sum all = sumOf(phrase);
+    all.score -= sumOf(phones).score;
+    return std::min(all.mean(), words.mean());
+}
+
+bool Evidence::isSpeech() const {
+    return amongPhones >= leastAmongPhones;
+}
+
 Evidence::Weakest Evidence::weakest() const {
     const Demands& least = demandsOn(*this);
-    const std::array<Weakest, 7> margins = {{
+    const std::array<Weakest, 8> margins = {{
         {ofWakePhrase - least.wakePhrase, QStringLiteral("the wake phrase fits badly")},
         {ofAll - least.all, QStringLiteral("the whole fits badly")},
         {ofCommand - least.command, QStringLiteral("the command fits badly")},
@@ -186,6 +208,7 @@ Evidence::Weakest Evidence::weakest() const {
         {100 * (coverage - least.coverage), QStringLiteral("something else was said beside it")},
         {10 * static_cast<double>(least.surplusWords - surplusWords), QStringLiteral("more words were said")},
         {distinction - leastDistinction, QStringLiteral("it sounds like another command")},
+        {amongPhones - leastAmongPhones, QStringLiteral("it is hardly speech")},
     }};
     return *std::ranges::min_element(margins, {}, &Weakest::margin);
 }

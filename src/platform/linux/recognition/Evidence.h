@@ -44,6 +44,10 @@ struct Evidence {
     static constexpr double leastDistinction = 2.5;
     /// The phrase has no wake phrase before it.
     bool commandAlone = false;
+    /// How much worse a command alone fits than any phones in any order: of the whole sound or of its words,
+    /// whichever is less. Music fits words badly, those of the reference too, and phones better. Large where
+    /// that was not asked.
+    double amongPhones = 1000;
 
     struct Shape {
         /// So many of the first words are the wake phrase.
@@ -66,6 +70,11 @@ struct Evidence {
     [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
                                             std::span<const HeardSegment> soundAlike);
     [[nodiscard]] bool isDistinct() const;
+
+    /// phrase, which is a command alone, and phones are of the same sound, both scored in full.
+    [[nodiscard]] static double compareToPhones(std::span<const HeardSegment> phrase,
+                                                std::span<const HeardSegment> phones);
+    [[nodiscard]] bool isSpeech() const;
 
     /// What speaks most against the phrase, and by how much more than is asked it is there: below 0 not
     /// enough.

@@ -8,8 +8,8 @@
 
 namespace brivandel {
 
-/// How loud sound is, frame by frame, in decibels below full scale. Rumble and hum are loud and low; speech is
-/// told by what lies above, so each sample counts by its difference from the one before it.
+/// How loud sound is, frame by frame, in decibels below full scale. Rumble and hum are loud and low; speech
+/// is told by what lies above, so each sample counts by its difference from the one before it.
 class Loudness {
 public:
     double operator()(std::span<const std::int16_t> frame) {

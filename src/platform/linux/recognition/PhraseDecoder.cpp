@@ -61,7 +61,7 @@ void PhraseDecoder::process(const HeardSound& sound) {
 
 void PhraseDecoder::beginGate() {
     gateHasBegun_ = true;
-    isNoisy_ = isNoisy(opening_.asHeard);
+    isNoisy_ = isInSteadyNoise(opening_.asHeard);
     utterance_ = isNoisy_ ? std::move(opening_.withoutNoise) : std::move(opening_.asHeard);
     const std::span<const std::int16_t> sound(utterance_);
     gate_->begin(searchFor(expecting_), sound.first(std::min(sampleCount(opening), sound.size())));

@@ -22,6 +22,8 @@ constexpr qsizetype leastSpeakersForAnother = 2;
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
 
+const auto phones = QStringLiteral("phones");
+
 /// The sound of the words and a little around them.
 PhraseJudge::Question around(std::span<const HeardSegment> phrase, PhraseJudge::Question question) {
     const std::span<const std::int16_t> sound = question.sound;
@@ -78,6 +80,7 @@ bool PhraseJudge::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabu
         accepted = accepted && reference_->addLanguageModel(search, model) &&
                    grammar_->addGrammar(search, graph, expecting);
     }
+    accepted = accepted && grammar_->addPhoneLoop(phones);
     vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
     return accepted;
 }
@@ -94,6 +97,15 @@ bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
     }
     const Evidence evidence{.distinction = compare(words, question.sound).distinction};
     return evidence.isDistinct();
+}
+
+double PhraseJudge::compareToPhones(std::span<const HeardSegment> phrase, const Features& features) {
+    // Whoever said the wake phrase is no instrument.
+    if (vocabulary_->graph.wakePhraseLength(wordsOf(phrase)) > 0) {
+        return Evidence().amongPhones;
+    }
+    grammar_->decodeWhole(phones, features);
+    return Evidence::compareToPhones(phrase, grammar_->heard());
 }
 
 QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
@@ -151,6 +163,9 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                         {.wakeWordCount = wakeWordCount,
                                          .mayGoOn = reading->mayGoOn,
                                          .mayLackFirstWord = mayLackFirstWord(phrase, question)});
+    if (evidence.provesCommand()) {
+        evidence.amongPhones = compareToPhones(phrase, features);
+    }
     const bool isProven = evidence.provesCommand();
     if (isProven) {
         const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
@@ -175,7 +190,7 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                                         .isAccepted = evidence.provesCommand(),
                                                         .score = weakest.margin,
                                                         .reason = weakest.what};
-        judgement.isOpen = !isProven;
+        judgement.isOpen = !isProven && evidence.isSpeech();
     }
     if (evidence.provesCommand()) {
         judgement.conclusion.reading = reading;

@@ -184,6 +184,22 @@ TEST(Evidence, Distinction_IsAskedForInTheMeasureThatIsWrittenDown) {
     EXPECT_FALSE(Evidence{.distinction = Evidence::leastDistinction - 0.01}.isDistinct());
 }
 
+TEST(Evidence, CommandAloneThatPhonesFitBetter_IsHardlySpeech) {
+    const std::vector phrase = {segment(u"", 0, 20, -20), segment(u"undo", 20, 40, -40)};
+    const std::vector phones = {segment(u"", 0, 20, -20), segment(u"AH", 20, 15, -27),
+                                segment(u"N", 35, 25, -27)};
+    Evidence evidence = Evidence::weigh(phrase, phrase, {});
+    ASSERT_TRUE(evidence.provesCommand());
+    EXPECT_TRUE(evidence.isSpeech()) << "not asked yet";
+    evidence.amongPhones = Evidence::compareToPhones(phrase, phones);
+    EXPECT_EQ(evidence.amongPhones, -13) << "of the words, which is less than of the whole";
+    EXPECT_FALSE(evidence.isSpeech());
+    EXPECT_FALSE(evidence.provesCommand());
+    EXPECT_EQ(evidence.weakest().what, QStringLiteral("it is hardly speech"));
+    EXPECT_EQ(Evidence::compareToPhones(phrase, phrase), 0);
+    EXPECT_EQ(Evidence::compareToPhones({}, {}), 0);
+}
+
 TEST(Evidence, NothingHeard_CanBeWeighed) {
     const Evidence evidence = Evidence::weigh({}, {}, {});
     EXPECT_EQ(evidence.ofAll, 0);

@@ -9,6 +9,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <numbers>
+#include <random>
 
 namespace brivandel {
 namespace {
@@ -61,6 +62,29 @@ void addPlucking(std::vector<float>& samples) {
                                std::sin(2 * std::numbers::pi_v<float> * pitch * order * seconds);
             }
         }
+    }
+}
+
+/// Adds beats of two drums at 16 kHz, one every half second: a low and a bright one in turn.
+void addDrumming(std::vector<float>& samples) {
+    constexpr std::size_t distance = 8000;
+    std::minstd_rand random(5);
+    std::normal_distribution<float> rattle(0, 1);
+    for (std::size_t at = 0; at < samples.size(); ++at) {
+        const float seconds = static_cast<float>(at % distance) / 16000;
+        const bool isLow = at / distance % 2 == 0;
+        const float skin = std::sin(2 * std::numbers::pi_v<float> * (isLow ? 60.0F : 180.0F) * seconds);
+        samples[at] += 0.1F * std::exp(-(isLow ? 10.0F : 25.0F) * seconds) *
+                       (skin + (isLow ? 0.05F : 0.8F) * rattle(random));
+    }
+}
+
+/// Adds white noise, 15 dB below a voice.
+void addHiss(std::vector<float>& samples) {
+    std::minstd_rand random(3);
+    std::normal_distribution<float> hiss(0, 0.012F);
+    for (float& sample : samples) {
+        sample += hiss(random);
     }
 }
 
@@ -192,6 +216,24 @@ TEST_F(SpeechTest, MusicBeforeAndAfterACommand_LeavesItHeard) {
         addPlucking(sound.samples);
         EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
     }
+}
+
+TEST_F(SpeechTest, SteadyNoise_LeavesACommandHeard) {
+    for (const QString& phrase : lines(u"start recording|go to start|save project|loop this section")) {
+        Sound sound =
+            speech_->speak(QStringLiteral("rms"), {wakePhrase + QStringLiteral(", ") + phrase}, 2s, 16000, 1);
+        addHiss(sound.samples);
+        EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
+    }
+}
+
+TEST_F(SpeechTest, Music_IsNoCommandWhereNoWakePhraseIsNeeded) {
+    RecognitionVocabulary words = vocabulary();
+    words.wakePhraseRequired = false;
+    Sound sound{.sampleRateHz = 16000, .samples = std::vector<float>(std::size_t{10} * 16000)};
+    addDrumming(sound.samples);
+    addPlucking(sound.samples);
+    EXPECT_EQ(listen(sound, words).final, QString());
 }
 
 TEST_F(SpeechTest, OtherCommandAfterTheWakePhrase_IsPassedOverWithAReason) {
