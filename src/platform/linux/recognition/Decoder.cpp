@@ -84,7 +84,8 @@ std::unique_ptr<Decoder> Decoder::load(const ModelFiles& files, Scoring scoring)
     const QByteArray acousticModel = QFile::encodeName(files.acousticModel);
     // No second and third pass of the engine's own: they answer only at the end of an utterance, and a small
     // vocabulary gains nothing by them. Silence is kept since the endpointer decides what silence is. Without
-    // a warp of its own the decoder would have that of the front end that was made before it.
+    // a warp of its own the decoder would have that of the front end that was made before it. A loop of
+    // phones that knew their neighbours would be a hundred times as large.
     const std::unique_ptr<cmd_ln_t, FreeConfiguration> configuration(
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", acousticModel.constData(), "-remove_silence", "no",
                     "-lw", "6.5", "-warp_params", "1", "-fwdflat", "no", "-bestpath", "no", "-allphone_ci",
@@ -106,6 +107,11 @@ bool Decoder::setDictionary(const Pronunciations& pronunciations) {
         ps_end_utt(handle_.get());
     }
     for (const QString& search : std::exchange(searches_, {})) {
+        if (search == phoneLoop_) {
+            // What it heard last is freed when it begins again, and not when it goes.
+            begin(search);
+            end();
+        }
         ps_unset_search(handle_.get(), search.toUtf8().constData());
     }
     QByteArray text;
@@ -190,6 +196,7 @@ bool Decoder::addPhoneLoop(const QString& search) {
         return false;
     }
     searches_ << search;
+    phoneLoop_ = search;
     return true;
 }
 

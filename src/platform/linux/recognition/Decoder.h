@@ -52,7 +52,8 @@ public:
     /// fit.
     [[nodiscard]] bool addLanguageModel(const QString& search, const QByteArray& arpa);
     [[nodiscard]] bool addGrammar(const QString& search, const PhraseGraph& graph, Expecting expecting);
-    /// Adds a search that hears any phones in any order: the words that it hears are phones.
+    /// Adds a search that hears any phones in any order: the words that it hears are phones, silence and
+    /// noises.
     [[nodiscard]] bool addPhoneLoop(const QString& search);
     /// One that is not there is no error. What was heard with it is gone.
     void removeSearch(const QString& search);
@@ -81,6 +82,7 @@ private:
     Handle handle_;
     bool inUtterance_ = false;
     QStringList searches_;
+    QString phoneLoop_;
     /// The mean of the features in the model's training: every utterance starts from it, so that none depends
     /// on those before.
     std::vector<float> initialMean_;

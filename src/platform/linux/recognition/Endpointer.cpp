@@ -4,8 +4,9 @@ namespace brivandel {
 
 Endpointer::Change Endpointer::push(std::span<const std::int16_t, samplesPerFrame> asHeard,
                                     std::span<const std::int16_t, samplesPerFrame> withoutNoise) {
-    const bool isLoud = asHeard_.isExceededBy(asHeard);
-    const bool standsOut = withoutNoise_.isExceededBy(withoutNoise);
+    // Either floor follows its own sound, whatever the other says.
+    const bool isLoud = floorAsHeard_.push(asHeard);
+    const bool standsOut = floorWithoutNoise_.push(withoutNoise);
     if (isLoud || standsOut) {
         sound_ += frameLength;
         silence_ = std::chrono::milliseconds(0);

@@ -32,8 +32,8 @@ public:
     [[nodiscard]] std::chrono::milliseconds silence() const { return silence_; }
 
 private:
-    NoiseFloor asHeard_;
-    NoiseFloor withoutNoise_;
+    NoiseFloor floorAsHeard_;
+    NoiseFloor floorWithoutNoise_;
     bool inUtterance_ = false;
     std::chrono::milliseconds sound_{0};
     std::chrono::milliseconds silence_{0};

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/linux/recognition/RecognitionFormat.h"
-
 #include <cmath>
 #include <cstdint>
 #include <span>

@@ -17,7 +17,7 @@ NoiseFloor::NoiseFloor() : decibels_(lowestFloor), smoothed_(lowestFloor) {
     spanMinima_.fill(lowestFloor);
 }
 
-bool NoiseFloor::isExceededBy(std::span<const std::int16_t, samplesPerFrame> frame) {
+bool NoiseFloor::push(std::span<const std::int16_t, samplesPerFrame> frame) {
     const double decibels = loudness_(frame);
     follow(decibels);
     return decibels > decibels_ + onsetDecibels;

@@ -18,8 +18,8 @@ public:
 
     NoiseFloor();
 
-    /// Takes one frame of 10 ms, and says whether there is sound in it.
-    bool isExceededBy(std::span<const std::int16_t, samplesPerFrame> frame);
+    /// Takes one frame of 10 ms, each once, and says whether there is sound in it.
+    [[nodiscard]] bool push(std::span<const std::int16_t, samplesPerFrame> frame);
 
 private:
     void follow(double decibels);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/recognition/RecognitionFormat.h"
+
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -14,8 +16,8 @@ class NoiseSuppressor {
 public:
     NoiseSuppressor();
 
-    /// In place; whole frames of 10 ms. What comes out is one frame late.
-    void process(std::span<std::int16_t> samples);
+    /// In place. What comes out is the frame before.
+    void process(std::span<std::int16_t, samplesPerFrame> frame);
 
 private:
     struct Destroy {
@@ -23,10 +25,5 @@ private:
     };
     std::unique_ptr<SpeexPreprocessState_, Destroy> state_;
 };
-
-/// Whether there is so much noise between and beside the words, and so steady, that they are understood
-/// better without it. Where there is less, the suppression takes more from the words than from the noise; and
-/// of music it takes the long notes, and lets the others stand out.
-[[nodiscard]] bool isInSteadyNoise(std::span<const std::int16_t> words);
 
 } // namespace brivandel

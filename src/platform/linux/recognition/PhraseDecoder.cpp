@@ -1,6 +1,6 @@
 #include "platform/linux/recognition/PhraseDecoder.h"
 
-#include "platform/linux/recognition/NoiseSuppressor.h"
+#include "platform/linux/recognition/SteadyNoise.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +13,7 @@ namespace {
 constexpr AudioTime lead = std::chrono::milliseconds(150);
 
 // The gate waits for so much of an utterance, or for the first silence in it, to know how loud the voice is
-// and how the room colours it. Then it catches up at once.
+// how the room colours it, and whether there is noise to be taken away. Then it catches up at once.
 constexpr AudioTime opening = std::chrono::milliseconds(800);
 
 } // namespace
@@ -48,7 +48,7 @@ void PhraseDecoder::begin(Expecting expecting) {
 
 void PhraseDecoder::process(const HeardSound& sound) {
     if (gateHasBegun_) {
-        const std::vector<std::int16_t>& samples = isNoisy_ ? sound.withoutNoise : sound.asHeard;
+        const std::vector<std::int16_t>& samples = isInSteadyNoise_ ? sound.withoutNoise : sound.asHeard;
         utterance_.insert(utterance_.end(), samples.begin(), samples.end());
         gate_->process(samples);
         return;
@@ -61,8 +61,8 @@ void PhraseDecoder::process(const HeardSound& sound) {
 
 void PhraseDecoder::beginGate() {
     gateHasBegun_ = true;
-    isNoisy_ = isInSteadyNoise(opening_.asHeard);
-    utterance_ = isNoisy_ ? std::move(opening_.withoutNoise) : std::move(opening_.asHeard);
+    isInSteadyNoise_ = isInSteadyNoise(opening_.asHeard);
+    utterance_ = isInSteadyNoise_ ? std::move(opening_.withoutNoise) : std::move(opening_.asHeard);
     const std::span<const std::int16_t> sound(utterance_);
     gate_->begin(searchFor(expecting_), sound.first(std::min(sampleCount(opening), sound.size())));
     gate_->process(sound);

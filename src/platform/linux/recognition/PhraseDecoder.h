@@ -51,10 +51,11 @@ private:
     std::shared_ptr<const CompiledVocabulary> vocabulary_;
 
     Expecting expecting_ = Expecting::WakePhrase;
-    /// Until the gate begins; then the one of the two that is better understood.
+    /// What was heard until the gate began.
     HeardSound opening_;
+    /// From then on, with the opening: the one of the two that is better understood.
     std::vector<std::int16_t> utterance_;
-    bool isNoisy_ = false;
+    bool isInSteadyNoise_ = false;
     bool gateHasBegun_ = false;
     /// What the gate had heard when the judge was last asked in this utterance, and what came of it.
     QStringList askedFor_;

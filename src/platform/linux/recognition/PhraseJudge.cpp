@@ -22,7 +22,10 @@ constexpr qsizetype leastSpeakersForAnother = 2;
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
 
-const auto phones = QStringLiteral("phones");
+const QString& phoneLoop() {
+    static const QString search = QStringLiteral("phones");
+    return search;
+}
 
 /// The sound of the words and a little around them.
 PhraseJudge::Question around(std::span<const HeardSegment> phrase, PhraseJudge::Question question) {
@@ -80,7 +83,7 @@ bool PhraseJudge::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabu
         accepted = accepted && reference_->addLanguageModel(search, model) &&
                    grammar_->addGrammar(search, graph, expecting);
     }
-    accepted = accepted && grammar_->addPhoneLoop(phones);
+    accepted = accepted && grammar_->addPhoneLoop(phoneLoop());
     vocabulary_ = accepted ? std::move(vocabulary) : nullptr;
     return accepted;
 }
@@ -97,15 +100,6 @@ bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
     }
     const Evidence evidence{.distinction = compare(words, question.sound).distinction};
     return evidence.isDistinct();
-}
-
-double PhraseJudge::compareToPhones(std::span<const HeardSegment> phrase, const Features& features) {
-    // Whoever said the wake phrase is no instrument.
-    if (vocabulary_->graph.wakePhraseLength(wordsOf(phrase)) > 0) {
-        return Evidence().amongPhones;
-    }
-    grammar_->decodeWhole(phones, features);
-    return Evidence::compareToPhones(phrase, grammar_->heard());
 }
 
 QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
@@ -163,8 +157,10 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                         {.wakeWordCount = wakeWordCount,
                                          .mayGoOn = reading->mayGoOn,
                                          .mayLackFirstWord = mayLackFirstWord(phrase, question)});
-    if (evidence.provesCommand()) {
-        evidence.amongPhones = compareToPhones(phrase, features);
+    // Whoever said the wake phrase is no instrument.
+    if (evidence.commandAlone && evidence.provesCommand()) {
+        grammar_->decodeWhole(phoneLoop(), features);
+        evidence.amongPhones = Evidence::compareToPhones(phrase, grammar_->heard());
     }
     const bool isProven = evidence.provesCommand();
     if (isProven) {

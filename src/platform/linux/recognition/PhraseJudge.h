@@ -74,8 +74,6 @@ private:
         bool isOpen = false;
     };
     [[nodiscard]] Judgement weigh(const Take& take);
-    /// As evidence has it; what was heard, and of which sound.
-    [[nodiscard]] double compareToPhones(std::span<const HeardSegment> phrase, const Features& features);
     [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         const Question& question) const;
     /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference

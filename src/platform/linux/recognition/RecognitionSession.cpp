@@ -11,7 +11,6 @@ RecognitionSession::RecognitionSession(Reporting reporting, LeaseDecoder leaseDe
     , leaseDecoder_(std::move(leaseDecoder))
     , handlers_(std::move(handlers)) {
     frame_.reserve(samplesPerFrame);
-    lastFrame_.resize(samplesPerFrame);
 }
 
 void RecognitionSession::process(std::span<const float> samples) {
@@ -29,13 +28,13 @@ void RecognitionSession::process(std::span<const float> samples) {
 
 void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFrame> frame) {
     heard_ += frameLength;
-    std::array<std::int16_t, samplesPerFrame> withoutNoise{};
-    std::ranges::copy(frame, withoutNoise.begin());
-    suppressor_.process(withoutNoise);
-    const HeardSound sound{.asHeard = std::exchange(lastFrame_, {frame.begin(), frame.end()}),
-                           .withoutNoise = {withoutNoise.begin(), withoutNoise.end()}};
-    const std::span<const std::int16_t, samplesPerFrame> asHeard(sound.asHeard);
-    const Endpointer::Change change = endpointer_.push(asHeard, withoutNoise);
+    const HeardSound sound = withoutNoise(frame);
+    if (sound.asHeard.empty()) {
+        return;
+    }
+    const Endpointer::Change change =
+        endpointer_.push(std::span<const std::int16_t, samplesPerFrame>(sound.asHeard),
+                         std::span<const std::int16_t, samplesPerFrame>(sound.withoutNoise));
     recent_.append(sound);
     recent_.keepLast(utterance_ ? overlap : Endpointer::preRoll);
     if (utterance_) {
@@ -52,6 +51,13 @@ void RecognitionSession::processFrame(std::span<const std::int16_t, samplesPerFr
         fail(QStringLiteral("The recognition session has ended after %1 seconds.")
                  .arg(longestSession.count()));
     }
+}
+
+HeardSound RecognitionSession::withoutNoise(std::span<const std::int16_t, samplesPerFrame> frame) {
+    HeardSound sound{.asHeard = std::exchange(lastFrame_, {frame.begin(), frame.end()}),
+                     .withoutNoise = {frame.begin(), frame.end()}};
+    suppressor_.process(std::span<std::int16_t, samplesPerFrame>(sound.withoutNoise));
+    return sound;
 }
 
 void RecognitionSession::beginUtterance() {
@@ -175,6 +181,7 @@ void RecognitionSession::skip() {
     unfinished_.reset();
     recent_.clear();
     frame_.clear();
+    lastFrame_.clear();
     endpointer_ = Endpointer();
 }
 
@@ -183,6 +190,7 @@ void RecognitionSession::finish(Ending ending) {
         return;
     }
     if (utterance_) {
+        utterance_->unprocessed.append(withoutNoise(std::array<std::int16_t, samplesPerFrame>{}));
         endUtterance(ending);
     }
     if (!transcript_.isEmpty()) {

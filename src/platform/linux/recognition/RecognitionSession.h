@@ -101,6 +101,8 @@ private:
     };
 
     void processFrame(std::span<const std::int16_t, samplesPerFrame> frame);
+    /// The frame before this one. What was heard has a length of 0 when there was none.
+    [[nodiscard]] HeardSound withoutNoise(std::span<const std::int16_t, samplesPerFrame> frame);
     void beginUtterance();
     void feed(const HeardSound& sound);
     void considerInterim();
@@ -118,9 +120,10 @@ private:
     Dither dither_;
     Endpointer endpointer_;
     std::vector<std::int16_t> frame_;
-    /// The frame that was heard last, since the suppressor is one late.
-    std::vector<std::int16_t> lastFrame_;
     NoiseSuppressor suppressor_;
+    /// What was put into the suppressor last and comes out with the next frame; none at first, and after a
+    /// loss.
+    std::vector<std::int16_t> lastFrame_;
     HeardSound recent_;
     AudioTime heard_{0};
     std::optional<Utterance> utterance_;

@@ -1,6 +1,6 @@
 #include "platform/linux/recognition/DecoderPool.h"
 
-#include "platform/linux/recognition/ScriptedDecoder.h"
+#include "platform/linux/recognition/Signals.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +17,7 @@ RecognitionVocabulary vocabularyOf(const QStringList& phrases) {
 }
 
 HeardSound noise() {
-    Noise noise;
-    std::vector<std::int16_t> samples;
-    for (const float sample : noise(-30, 1s)) {
-        samples.push_back(static_cast<std::int16_t>(sample * 32767));
-    }
+    const Samples samples = whiteNoise(-30, 1s);
     return {.asHeard = samples, .withoutNoise = samples};
 }
 

@@ -1,10 +1,8 @@
 #include "platform/linux/recognition/Endpointer.h"
 
-#include <gmock/gmock.h>
+#include "platform/linux/recognition/Signals.h"
 
-#include <cmath>
-#include <random>
-#include <vector>
+#include <gmock/gmock.h>
 
 namespace brivandel {
 namespace {
@@ -15,15 +13,19 @@ class EndpointerTest : public testing::Test {
 protected:
     /// White noise of that loudness below full scale; -100 is digital silence with its dither.
     std::vector<Endpointer::Change> hear(double decibels, std::chrono::milliseconds time) {
+        return hear(decibels, decibels, time);
+    }
+    std::vector<Endpointer::Change> hear(double asHeard, double withoutNoise,
+                                         std::chrono::milliseconds time) {
         std::vector<Endpointer::Change> changes;
-        std::normal_distribution<double> noise(0, 32768 * std::pow(10, decibels / 20));
         for (auto heard = 0ms; heard < time; heard += frameLength) {
-            std::array<std::int16_t, samplesPerFrame> frame{};
-            for (std::int16_t& sample : frame) {
-                sample =
-                    static_cast<std::int16_t>(std::lround(std::clamp(noise(random_), -32768.0, 32767.0)));
-            }
-            const auto change = endpointer_.push(frame, frame);
+            Samples both = whiteNoise(asHeard, frameLength, ++seed_);
+            Samples cleaned = whiteNoise(withoutNoise, frameLength, seed_);
+            // No frame is loud by the step from the one before.
+            both.back() = 0;
+            cleaned.back() = 0;
+            const auto change = endpointer_.push(std::span<const std::int16_t, samplesPerFrame>(both),
+                                                 std::span<const std::int16_t, samplesPerFrame>(cleaned));
             if (change != Endpointer::Change::None) {
                 changes.push_back(change);
             }
@@ -32,7 +34,7 @@ protected:
     }
 
     Endpointer endpointer_;
-    std::minstd_rand random_{7};
+    unsigned seed_ = 0;
 };
 
 constexpr auto begin = Endpointer::Change::Begin;
@@ -78,6 +80,19 @@ TEST_F(EndpointerTest, NoiseThatIsSwitchedOff_LeavesTheFloorLowAtOnce) {
     hear(-40, 3s);
     hear(-70, 300ms);
     EXPECT_THAT(hear(-50, 200ms), testing::ElementsAre(begin));
+}
+
+TEST_F(EndpointerTest, VoiceLittleLouderThanTheNoise_IsHeardWhereTheNoiseIsTakenAway) {
+    hear(-40, -60, 3s);
+    EXPECT_THAT(hear(-36, -38, 200ms), testing::ElementsAre(begin));
+    EXPECT_THAT(hear(-40, -60, Endpointer::hangover), testing::ElementsAre(end));
+}
+
+TEST_F(EndpointerTest, SoftSoundThatIsTakenForNoise_IsHeardAllTheSame) {
+    hear(-70, -80, 1s);
+    EXPECT_THAT(hear(-20, 200ms), testing::ElementsAre(begin));
+    EXPECT_THAT(hear(-50, -80, 1s), testing::IsEmpty()) << "the end of a word";
+    EXPECT_THAT(hear(-70, -80, Endpointer::hangover), testing::ElementsAre(end));
 }
 
 TEST_F(EndpointerTest, SteadyNoise_NeverOpensOnceItIsTheFloor) {

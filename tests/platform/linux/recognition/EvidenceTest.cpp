@@ -197,6 +197,9 @@ TEST(Evidence, CommandAloneThatPhonesFitBetter_IsHardlySpeech) {
     EXPECT_FALSE(evidence.provesCommand());
     EXPECT_EQ(evidence.weakest().what, QStringLiteral("it is hardly speech"));
     EXPECT_EQ(Evidence::compareToPhones(phrase, phrase), 0);
+    const std::vector murmur = {segment(u"M", 0, 20, -5), segment(u"undo", 20, 40, -40)};
+    EXPECT_EQ(Evidence::compareToPhones(phrase, murmur), -5)
+        << "of the whole, which is less than of the words";
     EXPECT_EQ(Evidence::compareToPhones({}, {}), 0);
 }
 

@@ -18,15 +18,15 @@ public:
     std::optional<Reading> interimAnswer;
     Conclusion conclusion;
     std::vector<Expecting> begun;
-    AudioTime heard{0};
+    HeardSound heard;
     bool promising = true;
     int conclusions = 0;
 
     void begin(Expecting expecting) override {
         begun.push_back(expecting);
-        heard = AudioTime(0);
+        heard.clear();
     }
-    void process(const HeardSound& sound) override { heard += sound.length(); }
+    void process(const HeardSound& sound) override { heard.append(sound); }
     std::optional<Reading> interim() override { return interimAnswer; }
     bool isPromising() const override { return promising; }
     Conclusion conclude() override {
