@@ -133,6 +133,15 @@ protected:
         return listen(speech_->speak(voice, parts, 2s, 16000, 1), words);
     }
 
+    static void expectCommandsToBeHeardWith(void (*addOther)(std::vector<float>&)) {
+        for (const QString& phrase : lines(u"start recording|go to start|save project|loop this section")) {
+            const QString said = wakePhrase + QStringLiteral(", ") + phrase;
+            Sound sound = speech_->speak(QStringLiteral("rms"), {said}, 2s, 16000, 1);
+            addOther(sound.samples);
+            EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
+        }
+    }
+
     /// The longest trigger in the command part of a transcript, which is what a transcript is acted upon for.
     static QString triggerIn(const QString& transcript) {
         const QString rest = transcript.mid(transcript.lastIndexOf(wakePhrase) + wakePhrase.size());
@@ -210,21 +219,11 @@ TEST_F(SpeechTest, ThoughtBeforeTheBarNumber_IsWaitedFor) {
 }
 
 TEST_F(SpeechTest, MusicBeforeAndAfterACommand_LeavesItHeard) {
-    for (const QString& phrase : lines(u"start recording|go to start|save project|loop this section")) {
-        Sound sound =
-            speech_->speak(QStringLiteral("rms"), {wakePhrase + QStringLiteral(", ") + phrase}, 2s, 16000, 1);
-        addPlucking(sound.samples);
-        EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
-    }
+    expectCommandsToBeHeardWith(addPlucking);
 }
 
 TEST_F(SpeechTest, SteadyNoise_LeavesACommandHeard) {
-    for (const QString& phrase : lines(u"start recording|go to start|save project|loop this section")) {
-        Sound sound =
-            speech_->speak(QStringLiteral("rms"), {wakePhrase + QStringLiteral(", ") + phrase}, 2s, 16000, 1);
-        addHiss(sound.samples);
-        EXPECT_EQ(listen(sound).final, wakePhrase + u' ' + phrase);
-    }
+    expectCommandsToBeHeardWith(addHiss);
 }
 
 TEST_F(SpeechTest, Music_IsNoCommandWhereNoWakePhraseIsNeeded) {
