@@ -27,33 +27,38 @@ inline Samples whiteNoise(double decibels, std::chrono::milliseconds time, unsig
     return samples;
 }
 
-/// A fifth of a second each, with as much silence between them.
-inline Samples vowels(std::chrono::milliseconds time) {
-    constexpr double pitchHz = 120;
+/// What a function of the time in seconds gives, at full scale for 1.
+template <typename Function>
+Samples sampled(std::chrono::milliseconds time, const Function& valueAt) {
     Samples samples(sampleCount(time));
     for (std::size_t at = 0; at < samples.size(); ++at) {
         const double seconds = static_cast<double>(at) / recognitionRateHz;
-        double value = 0;
-        for (int partial = 1; partial <= 25; ++partial) {
-            value += std::sin(2 * std::numbers::pi * pitchHz * partial * seconds) / 25;
-        }
-        const bool isSounding = std::fmod(seconds, 0.4) < 0.2;
-        samples[at] = isSounding ? static_cast<std::int16_t>(std::lround(32767 * value)) : std::int16_t{0};
+        samples[at] = static_cast<std::int16_t>(std::lround(32767 * valueAt(seconds)));
     }
     return samples;
 }
 
+/// A fifth of a second each, with as much silence between them.
+inline Samples vowels(std::chrono::milliseconds time) {
+    return sampled(time, [](double seconds) {
+        constexpr double pitchHz = 120;
+        constexpr int partials = 25;
+        double value = 0;
+        for (int partial = 1; partial <= partials; ++partial) {
+            value += std::sin(2 * std::numbers::pi * pitchHz * partial * seconds) / partials;
+        }
+        const bool isSounding = std::fmod(seconds, 0.4) < 0.2;
+        return isSounding ? value : 0;
+    });
+}
+
 /// Notes that die away, by 20 dB in the 0.4 seconds until the next.
 inline Samples notes(std::chrono::milliseconds time) {
-    constexpr double pitchHz = 1200;
-    Samples samples(sampleCount(time));
-    for (std::size_t at = 0; at < samples.size(); ++at) {
-        const double seconds = static_cast<double>(at) / recognitionRateHz;
-        samples[at] =
-            static_cast<std::int16_t>(std::lround(3000 * std::exp(-6 * std::fmod(seconds, 0.4)) *
-                                                  std::sin(2 * std::numbers::pi * pitchHz * seconds)));
-    }
-    return samples;
+    return sampled(time, [](double seconds) {
+        constexpr double pitchHz = 1200;
+        return 0.09 * std::exp(-6 * std::fmod(seconds, 0.4)) *
+               std::sin(2 * std::numbers::pi * pitchHz * seconds);
+    });
 }
 
 inline Samples sum(const Samples& a, const Samples& b) {

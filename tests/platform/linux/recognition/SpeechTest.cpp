@@ -79,7 +79,7 @@ void addDrumming(std::vector<float>& samples) {
     }
 }
 
-/// Adds white noise, 15 dB below a voice.
+/// Adds white noise, 38 dB below full scale.
 void addHiss(std::vector<float>& samples) {
     std::minstd_rand random(3);
     std::normal_distribution<float> hiss(0, 0.012F);
