@@ -1,5 +1,7 @@
 #include "platform/linux/recognition/FrontEnd.h"
 
+#include "platform/linux/recognition/CepstralVariance.h"
+
 #include <QByteArray>
 
 #include <sphinxbase/cmd_ln.h>
@@ -61,6 +63,7 @@ Features FrontEnd::features(std::span<const std::int16_t> samples) {
     int more = 0;
     fe_end_utt(frontEnd, rows[static_cast<std::size_t>(count)], &more);
     features.values.resize(static_cast<std::size_t>(count + more) * features.coefficientCount);
+    limitVariance(features);
     return features;
 }
 

@@ -1,3 +1,4 @@
+#include "platform/linux/recognition/CepstralVariance.h"
 #include "platform/linux/recognition/Decoder.h"
 
 #include <gtest/gtest.h>
@@ -81,6 +82,18 @@ TEST_F(FrontEndTest, SoundBefore_HasNoPartInIt) {
     const Features before = frontEnd->features(sound);
     static_cast<void>(frontEnd->features(vowel(0.5)));
     EXPECT_EQ(frontEnd->features(sound).values, before.values);
+}
+
+TEST_F(FrontEndTest, VariedSound_VariesNoMoreThanInTheTraining) {
+    std::vector<std::int16_t> sound;
+    for (const double factor : {0.6, 2.0, 0.6, 2.0}) {
+        const std::vector<std::int16_t> one = vowel(factor);
+        sound.insert(sound.end(), one.begin(), one.begin() + recognitionRateHz / 5);
+    }
+    const Features features = hear(1, sound);
+    Features limited = features;
+    limitVariance(limited);
+    EXPECT_LT(distance(limited, features), 1e-3) << "there is nothing left to limit";
 }
 
 TEST_F(FrontEndTest, NoSound_GivesNothing) {
