@@ -2,6 +2,7 @@
 
 #include "platform/linux/recognition/BackgroundWords.h"
 #include "platform/linux/recognition/LanguageModel.h"
+#include "platform/linux/recognition/NearWords.h"
 #include "platform/linux/recognition/SpokenForms.h"
 
 #include <algorithm>
@@ -24,11 +25,14 @@ public:
         const QSet<QString> phraseWords = wordsOfPhrases();
         compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
         // Not of the other words: what is for us should be heard in every accent, what is not need not be.
+        Pronunciations ofPhrases;
         for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
             if (phraseWords.contains(it.key())) {
                 addOtherAccents(it.value());
+                ofPhrases.insert(it.key(), it.value());
             }
         }
+        compiled_->nearWords = nearWords(ofPhrases, dictionaryPath);
     }
 
     std::shared_ptr<const CompiledVocabulary> compile() {

@@ -21,6 +21,8 @@ struct CompiledVocabulary {
     /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
     SoundAlikes soundAlikes;
+    /// For words in the graph.
+    Pronunciations nearWords;
     /// In ARPA format.
     std::map<Expecting, QByteArray> languageModels;
     /// For each phrase that cannot be listened for, a line that says which and why.

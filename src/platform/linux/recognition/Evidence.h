@@ -49,6 +49,11 @@ struct Evidence {
     /// that was not asked.
     double amongPhones = 1000;
 
+    /// By how much the phrase fits better than the best of those in which one word of the command is another
+    /// that nearly sounds the same, as a score of the phone that parts them. Large where that was not asked.
+    double besideNearWords = 1000;
+    qsizetype commandWordCount = 0;
+
     struct Shape {
         /// So many of the first words are the wake phrase.
         qsizetype wakeWordCount = 0;
@@ -70,6 +75,14 @@ struct Evidence {
     [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
                                             std::span<const HeardSegment> soundAlike);
     [[nodiscard]] bool isDistinct() const;
+
+    /// Of besideNearWords: phrase and other are of the same sound, both scored in full, and differ in one
+    /// word. 0, which says nothing, when one of them was not heard to its end.
+    [[nodiscard]] static double compareToNear(std::span<const HeardSegment> phrase,
+                                              std::span<const HeardSegment> other);
+
+    /// Whether something else fits that sounds like the phrase, be it another phrase or none.
+    [[nodiscard]] bool isAnother() const;
 
     /// phrase, which is a command alone, and phones are of the same sound, both scored in full.
     [[nodiscard]] static double compareToPhones(std::span<const HeardSegment> phrase,

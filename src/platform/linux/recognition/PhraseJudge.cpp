@@ -22,9 +22,17 @@ constexpr qsizetype leastSpeakersForAnother = 2;
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
 
+// No other speaker is asked where a phrase stands at least so far above those with near words in it.
+constexpr double surelyBesideNearWords = -30;
+
 const QString& phoneLoop() {
     static const QString search = QStringLiteral("phones");
     return search;
+}
+
+/// The engine's dictionary wants a name for it, which no word of a phrase has.
+QString nameOfNearWord(const QString& way) {
+    return QString(way).replace(u' ', u'-');
 }
 
 /// The sound of the words and a little around them.
@@ -74,6 +82,9 @@ bool PhraseJudge::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabu
     for (const PhraseGraph::Node& node : graph.nodes()) {
         for (const PhraseGraph::Edge& edge : node.edges) {
             phraseWords.insert(edge.word, vocabulary->pronunciations.value(edge.word));
+            for (const QString& way : vocabulary->nearWords.value(edge.word)) {
+                phraseWords.insert(nameOfNearWord(way), {way});
+            }
         }
     }
     bool accepted =
@@ -98,8 +109,13 @@ bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
     if (wordsOf(hearPhrase(speakers_.front()->features(question.sound), question)) != words) {
         return false;
     }
-    const Evidence evidence{.distinction = compare(words, question.sound).distinction};
-    return evidence.isDistinct();
+    Evidence evidence{.agreement = Agreement::Whole,
+                      .distinction = compare(words, question.sound).distinction};
+    if (evidence.isDistinct()) {
+        evidence.besideNearWords = besideNearWords(words, question.sound);
+        evidence.commandWordCount = words.size() - vocabulary_->graph.wakePhraseLength(words);
+    }
+    return evidence.provesCommand();
 }
 
 QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
@@ -162,12 +178,14 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
         grammar_->decodeWhole(phoneLoop(), features);
         evidence.amongPhones = Evidence::compareToPhones(phrase, grammar_->heard());
     }
-    const bool isProven = evidence.provesCommand();
-    if (isProven) {
-        const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
+    const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
+    if (evidence.provesCommand()) {
         if (const auto other = otherCommand(words, heard)) {
             return {accepted(*other, QStringLiteral("it was heard among all words"))};
         }
+        evidence.besideNearWords = besideNearWords(words, question.sound);
+    }
+    if (evidence.provesCommand()) {
         const Comparison comparison = compare(words, question.sound);
         evidence.distinction = comparison.distinction;
         if (evidence.agreement != Agreement::Whole && !comparison.other.isEmpty()) {
@@ -186,7 +204,7 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                                         .isAccepted = evidence.provesCommand(),
                                                         .score = weakest.margin,
                                                         .reason = weakest.what};
-        judgement.isOpen = !isProven && evidence.isSpeech();
+        judgement.isOpen = !evidence.provesCommand() && !evidence.isAnother() && evidence.isSpeech();
     }
     if (evidence.provesCommand()) {
         judgement.conclusion.reading = reading;
@@ -226,41 +244,70 @@ QList<QStringList> PhraseJudge::soundAlikesOf(const QStringList& words) const {
 }
 
 PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span<const std::int16_t> sound) {
-    Comparison comparison;
     QList<QStringList> others = soundAlikesOf(words);
-    if (others.isEmpty()) {
-        return comparison;
-    }
-    static const QString itself = QStringLiteral("itself");
-    static const QString soundAlikes = QStringLiteral("sound-alikes");
     const QStringList wakePhrase = words.first(vocabulary_->graph.wakePhraseLength(words));
     for (QStringList& other : others) {
         other = wakePhrase + other;
     }
+    Comparison comparison;
     double sum = 0;
+    int speakerCount = 0;
     QList<QStringList> betterOnes;
-    if (addGrammar(itself, {words}) && addGrammar(soundAlikes, others)) {
-        for (const auto& speaker : speakers_) {
-            const Features features = speaker->features(sound);
-            grammar_->decodeWhole(itself, features);
-            const std::vector<HeardSegment> phrase = grammar_->heard();
-            grammar_->decodeWhole(soundAlikes, features);
-            const std::vector<HeardSegment> other = grammar_->heard();
-            const double distinction = Evidence::distinguish(phrase, other);
-            sum += distinction;
-            if (distinction < 0) {
-                betterOnes << wordsOf(other);
-            }
+    hearBeside(words, others, sound, [&](const auto& phrase, const auto& other) {
+        const double distinction = Evidence::distinguish(phrase, other);
+        sum += distinction;
+        ++speakerCount;
+        if (distinction < 0) {
+            betterOnes << wordsOf(other);
         }
+        return true;
+    });
+    if (speakerCount > 0) {
+        comparison.distinction = sum / speakerCount;
     }
-    grammar_->removeSearch(itself);
-    grammar_->removeSearch(soundAlikes);
-    comparison.distinction = sum / static_cast<double>(speakers_.size());
     if (betterOnes.size() >= leastSpeakersForAnother &&
         betterOnes.count(betterOnes.front()) == betterOnes.size()) {
         comparison.other = betterOnes.front();
     }
     return comparison;
+}
+
+double PhraseJudge::besideNearWords(const QStringList& words, std::span<const std::int16_t> sound) {
+    QList<QStringList> others;
+    for (qsizetype i = vocabulary_->graph.wakePhraseLength(words); i < words.size(); ++i) {
+        for (const QString& way : vocabulary_->nearWords.value(words[i])) {
+            others << words;
+            others.back()[i] = nameOfNearWord(way);
+        }
+    }
+    double sum = 0;
+    int speakerCount = 0;
+    hearBeside(words, others, sound, [&](const auto& phrase, const auto& other) {
+        sum += Evidence::compareToNear(phrase, other);
+        ++speakerCount;
+        // Nearly always the first is enough.
+        return sum < surelyBesideNearWords;
+    });
+    return speakerCount > 0 ? sum / speakerCount : Evidence().besideNearWords;
+}
+
+void PhraseJudge::hearBeside(const QStringList& words, const QList<QStringList>& others,
+                             std::span<const std::int16_t> sound, const Beside& visit) {
+    static const QString itself = QStringLiteral("itself");
+    static const QString rivals = QStringLiteral("rivals");
+    if (!others.isEmpty() && addGrammar(itself, {words}) && addGrammar(rivals, others)) {
+        for (const auto& speaker : speakers_) {
+            const Features features = speaker->features(sound);
+            grammar_->decodeWhole(itself, features);
+            const std::vector<HeardSegment> phrase = grammar_->heard();
+            grammar_->decodeWhole(rivals, features);
+            if (!visit(phrase, grammar_->heard())) {
+                break;
+            }
+        }
+    }
+    grammar_->removeSearch(itself);
+    grammar_->removeSearch(rivals);
 }
 
 bool PhraseJudge::addGrammar(const QString& search, const QList<QStringList>& phrases) {

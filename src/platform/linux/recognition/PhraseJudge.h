@@ -7,6 +7,7 @@
 #include "platform/linux/recognition/UtteranceDecoder.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <span>
 #include <tuple>
@@ -91,6 +92,14 @@ private:
         QStringList other = {};
     };
     [[nodiscard]] Comparison compare(const QStringList& words, std::span<const std::int16_t> sound);
+    /// A phrase beside those in which one word is another one that nearly sounds the same; see Evidence.
+    [[nodiscard]] double besideNearWords(const QStringList& words, std::span<const std::int16_t> sound);
+    /// Gets what was heard of the phrase and of its rivals, and says whether to ask for another speaker.
+    using Beside = std::function<bool(const std::vector<HeardSegment>&, const std::vector<HeardSegment>&)>;
+    /// What is heard of the phrase where it is the only one, and of others where they are, for one speaker
+    /// after the other.
+    void hearBeside(const QStringList& words, const QList<QStringList>& others,
+                    std::span<const std::int16_t> sound, const Beside& visit);
     /// One that can hear nothing but these.
     [[nodiscard]] bool addGrammar(const QString& search, const QList<QStringList>& phrases);
 

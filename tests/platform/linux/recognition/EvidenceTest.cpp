@@ -74,7 +74,8 @@ TEST(Evidence, WordsThatTheReferenceHearsToo_AreProvedByLess) {
                              segment(u"play", 60, 40, -43)};
     EXPECT_TRUE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesCommand());
     reference.back().word = QStringLiteral("clay");
-    const Evidence disputed = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
+    Evidence disputed = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
+    disputed.besideNearWords = -16;
     EXPECT_TRUE(disputed.provesWakePhrase());
     EXPECT_FALSE(disputed.provesCommand());
     EXPECT_EQ(disputed.weakest().what, QStringLiteral("the command fits badly"));
@@ -182,6 +183,54 @@ TEST(Evidence, SoundAlikeThatFitsNotAtAll_IsNoMoreThanClear) {
 TEST(Evidence, Distinction_IsAskedForInTheMeasureThatIsWrittenDown) {
     EXPECT_TRUE(Evidence{.distinction = Evidence::leastDistinction}.isDistinct());
     EXPECT_FALSE(Evidence{.distinction = Evidence::leastDistinction - 0.01}.isDistinct());
+}
+
+TEST(Evidence, DisputedWordsThatNoNearWordFitsBetter_AreProvedByLess) {
+    const std::vector phrase = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
+                                segment(u"play", 60, 40, -60)};
+    const std::vector reference = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
+                                   segment(u"the", 60, 10, -43), segment(u"lay", 70, 30, -43)};
+    Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
+    EXPECT_TRUE(evidence.provesCommand()) << "it is worth asking";
+    evidence.besideNearWords = -15;
+    EXPECT_TRUE(evidence.provesCommand());
+    evidence.besideNearWords = -15.1;
+    EXPECT_FALSE(evidence.provesCommand());
+    EXPECT_FALSE(evidence.isAnother()) << "it only fits too badly";
+}
+
+TEST(Evidence, NearWordThatFitsMuchBetter_DisprovesTheCommand) {
+    const std::vector start = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
+                               segment(u"start", 60, 40, -40)};
+    const std::vector smart = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
+                               segment(u"S-M-AA-R-T", 60, 50, -25)};
+    Evidence evidence = Evidence::weigh(start, start, {.wakeWordCount = 2});
+    ASSERT_TRUE(evidence.provesCommand());
+    EXPECT_FALSE(evidence.isAnother()) << "not asked yet";
+    evidence.besideNearWords = Evidence::compareToNear(start, smart);
+    EXPECT_EQ(evidence.besideNearWords, -35) << "350 more, for a phone of 10 frames";
+    EXPECT_TRUE(evidence.isAnother());
+    EXPECT_FALSE(evidence.provesCommand());
+    EXPECT_TRUE(evidence.provesWakePhrase());
+    EXPECT_EQ(evidence.weakest().what, QStringLiteral("another word fits better"));
+    EXPECT_EQ(evidence.weakest().margin, -5);
+}
+
+TEST(Evidence, LongerCommand_NeedsABetterNearWordToBeDisproved) {
+    const std::vector phrase = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
+                                segment(u"start", 60, 40, -40), segment(u"recording", 100, 50, -40)};
+    Evidence evidence = Evidence::weigh(phrase, phrase, {.wakeWordCount = 2});
+    EXPECT_EQ(evidence.commandWordCount, 2);
+    evidence.besideNearWords = -50;
+    EXPECT_FALSE(evidence.isAnother());
+    evidence.besideNearWords = -50.1;
+    EXPECT_TRUE(evidence.isAnother());
+}
+
+TEST(Evidence, NearWordsThatAreNotHeardToTheirEnd_SayNothing) {
+    const std::vector start = {segment(u"start", 60, 40, -40)};
+    EXPECT_EQ(Evidence::compareToNear(start, {}), 0);
+    EXPECT_EQ(Evidence::compareToNear({}, start), 0);
 }
 
 TEST(Evidence, CommandAloneThatPhonesFitBetter_IsHardlySpeech) {
