@@ -4,10 +4,11 @@
 
 namespace brivandel {
 
-/// Scales each coefficient that varies more than it did in the model's training down to that. The resonances
-/// of a voice that is made, and not recorded, are sharper than those of a throat, and the model takes that
-/// for other phones. What varies less stays as it is: noise and echoes flatten a voice, and with it they
-/// would be scaled up. Nothing happens to sound that is too short to tell.
+/// Scales each coefficient that varies more in the voice than it did in the training of the packaged model
+/// down to that, pauses and noise with it. The resonances of a voice that is made, and not recorded, are
+/// sharper than those of a throat, and the model takes that for other phones. What varies less stays as it
+/// is: noise and echoes flatten a voice, and with it they would be scaled up. The loudness stays, and so does
+/// sound that is too short to tell.
 void limitVariance(Features& features);
 
 } // namespace brivandel

@@ -24,8 +24,8 @@ public:
         compiled_->source = vocabulary;
         const QSet<QString> phraseWords = wordsOfPhrases();
         compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
-        // Not of the other words: what is for us should be heard in every accent, what is not need not be.
         Pronunciations ofPhrases;
+        // Not of the other words: what is for us should be heard in every accent, what is not need not be.
         for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
             if (phraseWords.contains(it.key())) {
                 addOtherAccents(it.value());

@@ -21,7 +21,7 @@ struct CompiledVocabulary {
     /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
     SoundAlikes soundAlikes;
-    /// For words in the graph.
+    /// Of the words of phrases, numbers apart.
     Pronunciations nearWords;
     /// In ARPA format.
     std::map<Expecting, QByteArray> languageModels;

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace brivandel {
@@ -50,8 +51,10 @@ struct Evidence {
     double amongPhones = 1000;
 
     /// By how much the phrase fits better than the best of those in which one word of the command is another
-    /// that nearly sounds the same, as a score of the phone that parts them. Large where that was not asked.
-    double besideNearWords = 1000;
+    /// that nearly sounds the same, as a score of the phone that parts them. None where that was not asked,
+    /// or nothing nearly sounds the same.
+    std::optional<double> besideNearWords = {};
+    /// How many words follow the wake phrase.
     qsizetype commandWordCount = 0;
 
     struct Shape {
@@ -69,6 +72,10 @@ struct Evidence {
     /// The wake phrase, whatever follows it.
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
+    /// Whether it would if no near word fitted.
+    [[nodiscard]] bool mayProveCommand() const;
+    /// How the phrase must stand beside near words for that.
+    [[nodiscard]] double wantedBesideNearWords() const;
 
     /// phrase and soundAlike are of the same sound, both scored in full. Below 0 when the other fits better,
     /// at most 10 either way, and 0 when one of them was not heard to its end, which says nothing.
@@ -77,10 +84,9 @@ struct Evidence {
     [[nodiscard]] bool isDistinct() const;
 
     /// Of besideNearWords: phrase and other are of the same sound, both scored in full, and differ in one
-    /// word. 0, which says nothing, when one of them was not heard to its end.
-    [[nodiscard]] static double compareToNear(std::span<const HeardSegment> phrase,
-                                              std::span<const HeardSegment> other);
-
+    /// word. None when one of them was not heard to its end, which says nothing.
+    [[nodiscard]] static std::optional<double> compareToNear(std::span<const HeardSegment> phrase,
+                                                             std::span<const HeardSegment> other);
     /// Whether something else fits that sounds like the phrase, be it another phrase or none.
     [[nodiscard]] bool isAnother() const;
 
@@ -96,6 +102,11 @@ struct Evidence {
         QString what;
     };
     [[nodiscard]] Weakest weakest() const;
+
+    struct Demands;
+
+private:
+    [[nodiscard]] Weakest weakestUnder(const Demands& least) const;
 };
 
 /// Whether the phrase fits so badly that no reference is needed to see that it was not said.

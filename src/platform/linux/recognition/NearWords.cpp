@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace brivandel {
@@ -18,6 +20,14 @@ constexpr std::size_t leastPhoneCount = 3;
 /// No phone has more than two letters.
 using Phone = std::uint16_t;
 using Phones = std::vector<Phone>;
+
+constexpr Phone phone(std::string_view letters) {
+    Phone code = 0;
+    for (const char letter : letters) {
+        code = static_cast<Phone>(code * 256 + static_cast<unsigned char>(letter));
+    }
+    return code;
+}
 
 /// Into phones, which keeps its memory: there are 130,000 of them to read.
 void readPhones(QByteArrayView text, Phones& phones) {
@@ -31,11 +41,43 @@ void readPhones(QByteArrayView text, Phones& phones) {
     }
 }
 
-/// Who says the plural, or is thought to in a hiss after the word, means the word.
-bool isPlural(const Phones& phones, const Phones& of) {
-    constexpr std::array<Phone, 2> endings = {'S', 'Z'};
-    return phones.size() == of.size() + 1 && std::ranges::find(endings, phones.back()) != endings.end() &&
-           std::ranges::equal(std::span(phones).first(of.size()), of);
+/// Phones that an accent takes for one another: vowels, of which many languages have one where English has
+/// two, and at the end of a word all that differs in the voice alone.
+constexpr std::array<std::pair<Phone, Phone>, 6> likeVowels = {{
+    {phone("AA"), phone("AO")},
+    {phone("AA"), phone("AH")},
+    {phone("AO"), phone("OW")},
+    {phone("IH"), phone("IY")},
+    {phone("EH"), phone("AE")},
+    {phone("UH"), phone("UW")},
+}};
+constexpr std::array<std::pair<Phone, Phone>, 7> likeEndings = {{
+    {phone("B"), phone("P")},
+    {phone("D"), phone("T")},
+    {phone("G"), phone("K")},
+    {phone("V"), phone("F")},
+    {phone("Z"), phone("S")},
+    {phone("DH"), phone("TH")},
+    {phone("JH"), phone("CH")},
+}};
+
+bool isAmong(std::span<const std::pair<Phone, Phone>> pairs, Phone one, Phone other) {
+    return std::ranges::any_of(pairs, [&](const auto& pair) {
+        return pair == std::pair(one, other) || pair == std::pair(other, one);
+    });
+}
+
+/// Whether the one is the other in another accent, or with a hiss after it, as of the plural.
+bool isHardlyAnother(const Phones& one, const Phones& other) {
+    const auto [first, second] = std::ranges::mismatch(one, other);
+    if (first == one.end() || second == other.end()) {
+        return second != other.end() && (*second == phone("S") || *second == phone("Z"));
+    }
+    if (one.size() != other.size()) {
+        return false;
+    }
+    return isAmong(likeVowels, *first, *second) ||
+           (first + 1 == one.end() && isAmong(likeEndings, *first, *second));
 }
 
 struct Way {
@@ -63,7 +105,7 @@ Pronunciations nearWords(const Pronunciations& words, const QString& dictionaryP
     PronouncingDictionary(dictionaryPath).visit([&](QByteArrayView, QByteArrayView text) {
         readPhones(text, phones);
         for (const Way& way : ways) {
-            if (!differByOnePhone(way.phones, phones) || isPlural(phones, way.phones)) {
+            if (!differByOnePhone(way.phones, phones) || isHardlyAnother(way.phones, phones)) {
                 continue;
             }
             QStringList& known = near[way.word];

@@ -22,8 +22,8 @@ constexpr qsizetype leastSpeakersForAnother = 2;
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
 
-// No other speaker is asked where a phrase stands at least so far above those with near words in it.
-constexpr double surelyBesideNearWords = -30;
+// What the engine refuses to compare is proven by nothing.
+constexpr double refused = -1000;
 
 const QString& phoneLoop() {
     static const QString search = QStringLiteral("phones");
@@ -106,16 +106,19 @@ std::vector<HeardSegment> PhraseJudge::hearPhrase(const Features& features, cons
 }
 
 bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
-    if (wordsOf(hearPhrase(speakers_.front()->features(question.sound), question)) != words) {
+    Take take{.speaker = speakers_.front().get(), .question = question, .features = {}};
+    take.features = take.speaker->features(question.sound);
+    take.phrase = hearPhrase(take.features, question);
+    if (wordsOf(take.phrase) != words) {
         return false;
     }
-    Evidence evidence{.agreement = Agreement::Whole,
-                      .distinction = compare(words, question.sound).distinction};
+    Evidence evidence;
+    evidence.commandWordCount = words.size() - vocabulary_->graph.wakePhraseLength(words);
+    evidence.distinction = compare(take).distinction;
     if (evidence.isDistinct()) {
-        evidence.besideNearWords = besideNearWords(words, question.sound);
-        evidence.commandWordCount = words.size() - vocabulary_->graph.wakePhraseLength(words);
+        evidence.besideNearWords = besideNearWords(take, evidence.wantedBesideNearWords());
     }
-    return evidence.provesCommand();
+    return !evidence.isAnother();
 }
 
 QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
@@ -144,7 +147,7 @@ Conclusion PhraseJudge::judge(const Question& question) {
 }
 
 PhraseJudge::Take PhraseJudge::take(FrontEnd& speaker, const Question& question) {
-    Take take{.question = question, .features = speaker.features(question.sound)};
+    Take take{.speaker = &speaker, .question = question, .features = speaker.features(question.sound)};
     take.phrase = hearPhrase(take.features, question);
     // A command alone is short, and what is beside it says most about it.
     if (vocabulary_->graph.wakePhraseLength(wordsOf(take.phrase)) == 0 || isOutOfQuestion(take.phrase)) {
@@ -152,14 +155,14 @@ PhraseJudge::Take PhraseJudge::take(FrontEnd& speaker, const Question& question)
     }
     const Question narrower = around(take.phrase, question);
     if (narrower.sound.size() < question.sound.size()) {
-        take = {.question = narrower, .features = speaker.features(narrower.sound)};
+        take = {.speaker = &speaker, .question = narrower, .features = speaker.features(narrower.sound)};
         take.phrase = hearPhrase(take.features, narrower);
     }
     return take;
 }
 
 PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
-    const auto& [question, features, phrase] = take;
+    const auto& [speaker, question, features, phrase] = take;
     const PhraseGraph& graph = vocabulary_->graph;
     const QStringList words = wordsOf(phrase);
     const std::optional<Reading> reading = graph.read(words);
@@ -178,15 +181,17 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
         grammar_->decodeWhole(phoneLoop(), features);
         evidence.amongPhones = Evidence::compareToPhones(phrase, grammar_->heard());
     }
+    if (evidence.mayProveCommand()) {
+        evidence.besideNearWords = besideNearWords(take, evidence.wantedBesideNearWords());
+    }
     const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
-    if (evidence.provesCommand()) {
+    if (evidence.provesCommand() || evidence.isAnother()) {
         if (const auto other = otherCommand(words, heard)) {
             return {accepted(*other, QStringLiteral("it was heard among all words"))};
         }
-        evidence.besideNearWords = besideNearWords(words, question.sound);
     }
     if (evidence.provesCommand()) {
-        const Comparison comparison = compare(words, question.sound);
+        const Comparison comparison = compare(take);
         evidence.distinction = comparison.distinction;
         if (evidence.agreement != Agreement::Whole && !comparison.other.isEmpty()) {
             // Two witnesses need not be as sure as one.
@@ -243,28 +248,28 @@ QList<QStringList> PhraseJudge::soundAlikesOf(const QStringList& words) const {
     return vocabulary_->soundAlikes.value(command.join(u' '));
 }
 
-PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span<const std::int16_t> sound) {
+PhraseJudge::Comparison PhraseJudge::compare(const Take& take) {
+    const QStringList words = wordsOf(take.phrase);
+    Comparison comparison;
     QList<QStringList> others = soundAlikesOf(words);
+    if (others.isEmpty()) {
+        return comparison;
+    }
     const QStringList wakePhrase = words.first(vocabulary_->graph.wakePhraseLength(words));
     for (QStringList& other : others) {
         other = wakePhrase + other;
     }
-    Comparison comparison;
     double sum = 0;
-    int speakerCount = 0;
     QList<QStringList> betterOnes;
-    hearBeside(words, others, sound, [&](const auto& phrase, const auto& other) {
+    const bool wasHeard = hearBeside(take, others, [&](const auto& phrase, const auto& other) {
         const double distinction = Evidence::distinguish(phrase, other);
         sum += distinction;
-        ++speakerCount;
         if (distinction < 0) {
             betterOnes << wordsOf(other);
         }
         return true;
     });
-    if (speakerCount > 0) {
-        comparison.distinction = sum / speakerCount;
-    }
+    comparison.distinction = wasHeard ? sum / static_cast<double>(speakers_.size()) : refused;
     if (betterOnes.size() >= leastSpeakersForAnother &&
         betterOnes.count(betterOnes.front()) == betterOnes.size()) {
         comparison.other = betterOnes.front();
@@ -272,7 +277,8 @@ PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span
     return comparison;
 }
 
-double PhraseJudge::besideNearWords(const QStringList& words, std::span<const std::int16_t> sound) {
+std::optional<double> PhraseJudge::besideNearWords(const Take& take, double wanted) {
+    const QStringList words = wordsOf(take.phrase);
     QList<QStringList> others;
     for (qsizetype i = vocabulary_->graph.wakePhraseLength(words); i < words.size(); ++i) {
         for (const QString& way : vocabulary_->nearWords.value(words[i])) {
@@ -280,34 +286,47 @@ double PhraseJudge::besideNearWords(const QStringList& words, std::span<const st
             others.back()[i] = nameOfNearWord(way);
         }
     }
+    if (others.isEmpty()) {
+        return std::nullopt;
+    }
     double sum = 0;
     int speakerCount = 0;
-    hearBeside(words, others, sound, [&](const auto& phrase, const auto& other) {
-        sum += Evidence::compareToNear(phrase, other);
-        ++speakerCount;
-        // Nearly always the first is enough.
-        return sum < surelyBesideNearWords;
+    const bool wasHeard = hearBeside(take, others, [&](const auto& phrase, const auto& other) {
+        if (const auto beside = Evidence::compareToNear(phrase, other)) {
+            sum += *beside;
+            ++speakerCount;
+        }
+        return sum < wanted * speakerCount;
     });
-    return speakerCount > 0 ? sum / speakerCount : Evidence().besideNearWords;
+    if (!wasHeard) {
+        return refused;
+    }
+    return speakerCount > 0 ? std::optional(sum / speakerCount) : std::nullopt;
 }
 
-void PhraseJudge::hearBeside(const QStringList& words, const QList<QStringList>& others,
-                             std::span<const std::int16_t> sound, const Beside& visit) {
+bool PhraseJudge::hearBeside(const Take& take, const QList<QStringList>& others, const Beside& visit) {
     static const QString itself = QStringLiteral("itself");
     static const QString rivals = QStringLiteral("rivals");
-    if (!others.isEmpty() && addGrammar(itself, {words}) && addGrammar(rivals, others)) {
+    const auto hear = [this](const QString& search, const Features& features) {
+        grammar_->decodeWhole(search, features);
+        return grammar_->heard();
+    };
+    const bool isAccepted = addGrammar(itself, {wordsOf(take.phrase)}) && addGrammar(rivals, others);
+    if (isAccepted && visit(take.phrase, hear(rivals, take.features))) {
         for (const auto& speaker : speakers_) {
-            const Features features = speaker->features(sound);
-            grammar_->decodeWhole(itself, features);
-            const std::vector<HeardSegment> phrase = grammar_->heard();
-            grammar_->decodeWhole(rivals, features);
-            if (!visit(phrase, grammar_->heard())) {
+            if (speaker.get() == take.speaker) {
+                continue;
+            }
+            const Features features = speaker->features(take.question.sound);
+            const std::vector<HeardSegment> phrase = hear(itself, features);
+            if (!visit(phrase, hear(rivals, features))) {
                 break;
             }
         }
     }
     grammar_->removeSearch(itself);
     grammar_->removeSearch(rivals);
+    return isAccepted;
 }
 
 bool PhraseJudge::addGrammar(const QString& search, const QList<QStringList>& phrases) {

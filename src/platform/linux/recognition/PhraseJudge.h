@@ -28,8 +28,9 @@ public:
     /// By how much the resonances of each speaker are higher than in the model's training. The first is asked
     /// first.
     using Resonances = std::array<double, 3>;
-    /// Of 120 commands by formant voices of Britain 54 are understood without the second and the third, 78
-    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %. Two of each were wrong.
+    /// Of 120 commands by formant voices of Britain 54 were understood without the second and the third, 78
+    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %, before the variance was limited. Two of each
+    /// were wrong.
     static constexpr Resonances usualResonances = {1, 0.96, 1.04};
 
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
@@ -62,6 +63,8 @@ private:
 
     /// What the grammar makes of the sound, or of the part of it that has the words.
     struct Take {
+        /// As if whom the speaker was.
+        FrontEnd* speaker;
         Question question;
         Features features;
         std::vector<HeardSegment> phrase = {};
@@ -77,7 +80,7 @@ private:
     [[nodiscard]] Judgement weigh(const Take& take);
     [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         const Question& question) const;
-    /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
+    /// Of two commands, one of which the grammar heard and might be carried out, the one that the reference
     /// heard, which knows the phrases and much else. None where that is the same, or only its beginning, or
     /// sounds like it.
     [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
@@ -91,15 +94,15 @@ private:
         /// The one other that does, for most speakers; none when there is none, or several.
         QStringList other = {};
     };
-    [[nodiscard]] Comparison compare(const QStringList& words, std::span<const std::int16_t> sound);
-    /// A phrase beside those in which one word is another one that nearly sounds the same; see Evidence.
-    [[nodiscard]] double besideNearWords(const QStringList& words, std::span<const std::int16_t> sound);
+    [[nodiscard]] Comparison compare(const Take& take);
+    /// A phrase beside those in which one word is another one that nearly sounds the same; see Evidence. Once
+    /// it is as much as is wanted, no other speaker is asked.
+    [[nodiscard]] std::optional<double> besideNearWords(const Take& take, double wanted);
     /// Gets what was heard of the phrase and of its rivals, and says whether to ask for another speaker.
     using Beside = std::function<bool(const std::vector<HeardSegment>&, const std::vector<HeardSegment>&)>;
     /// What is heard of the phrase where it is the only one, and of others where they are, for one speaker
-    /// after the other.
-    void hearBeside(const QStringList& words, const QList<QStringList>& others,
-                    std::span<const std::int16_t> sound, const Beside& visit);
+    /// after the other, the one of the take first. False when the engine refuses them.
+    [[nodiscard]] bool hearBeside(const Take& take, const QList<QStringList>& others, const Beside& visit);
     /// One that can hear nothing but these.
     [[nodiscard]] bool addGrammar(const QString& search, const QList<QStringList>& phrases);
 

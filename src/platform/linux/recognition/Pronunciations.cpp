@@ -5,8 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace brivandel {
 
 namespace {

@@ -61,7 +61,7 @@ TEST(CepstralVariance, VoiceThatVariesLess_StaysAsItIs) {
     EXPECT_EQ(features.values, before.values);
 }
 
-TEST(CepstralVariance, PausesHaveNoPartInIt) {
+TEST(CepstralVariance, LongerPause_ChangesNothingInTheVoice) {
     Features alone = voice(150, 60);
     Features longPause = alone;
     for (int row = 0; row < 10; ++row) {
@@ -71,6 +71,19 @@ TEST(CepstralVariance, PausesHaveNoPartInIt) {
     limitVariance(alone);
     limitVariance(longPause);
     EXPECT_EQ(alone.values.back(), longPause.values.back());
+}
+
+TEST(CepstralVariance, SoundWithoutAPause_IsAllVoice) {
+    Features features = voice(150, 60);
+    features.values.erase(features.values.begin(), features.values.begin() + 50 * coefficientCount);
+    limitVariance(features);
+    EXPECT_NEAR(deviation(features, 4), 17.2, 0.1);
+}
+
+TEST(CepstralVariance, JustEnoughSound_IsLimited) {
+    Features features = voice(24, 60);
+    limitVariance(features);
+    EXPECT_LT(deviation(features, 4), 17.2);
 }
 
 TEST(CepstralVariance, TooLittleSound_StaysAsItIs) {

@@ -74,8 +74,7 @@ TEST(Evidence, WordsThatTheReferenceHearsToo_AreProvedByLess) {
                              segment(u"play", 60, 40, -43)};
     EXPECT_TRUE(Evidence::weigh(phrase, reference, {.wakeWordCount = 2}).provesCommand());
     reference.back().word = QStringLiteral("clay");
-    Evidence disputed = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
-    disputed.besideNearWords = -16;
+    const Evidence disputed = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
     EXPECT_TRUE(disputed.provesWakePhrase());
     EXPECT_FALSE(disputed.provesCommand());
     EXPECT_EQ(disputed.weakest().what, QStringLiteral("the command fits badly"));
@@ -191,12 +190,23 @@ TEST(Evidence, DisputedWordsThatNoNearWordFitsBetter_AreProvedByLess) {
     const std::vector reference = {segment(u"hey", 0, 20, -40), segment(u"logic", 20, 40, -40),
                                    segment(u"the", 60, 10, -43), segment(u"lay", 70, 30, -43)};
     Evidence evidence = Evidence::weigh(phrase, reference, {.wakeWordCount = 2});
-    EXPECT_TRUE(evidence.provesCommand()) << "it is worth asking";
+    EXPECT_FALSE(evidence.provesCommand()) << "nothing was compared";
+    EXPECT_TRUE(evidence.mayProveCommand());
+    EXPECT_EQ(evidence.wantedBesideNearWords(), -15);
     evidence.besideNearWords = -15;
     EXPECT_TRUE(evidence.provesCommand());
     evidence.besideNearWords = -15.1;
     EXPECT_FALSE(evidence.provesCommand());
     EXPECT_FALSE(evidence.isAnother()) << "it only fits too badly";
+}
+
+TEST(Evidence, AgreementButForTheFirstWord_ProvesNoLessThanNone) {
+    Evidence evidence{.ofAll = -11, .ofWakePhrase = -10, .ofCommand = -16, .besideNearWords = 0};
+    ASSERT_TRUE(evidence.provesCommand());
+    evidence.agreement = Agreement::ButForTheFirstWord;
+    EXPECT_TRUE(evidence.provesCommand());
+    evidence.agreement = Agreement::Whole;
+    EXPECT_TRUE(evidence.provesCommand());
 }
 
 TEST(Evidence, NearWordThatFitsMuchBetter_DisprovesTheCommand) {
@@ -208,7 +218,7 @@ TEST(Evidence, NearWordThatFitsMuchBetter_DisprovesTheCommand) {
     ASSERT_TRUE(evidence.provesCommand());
     EXPECT_FALSE(evidence.isAnother()) << "not asked yet";
     evidence.besideNearWords = Evidence::compareToNear(start, smart);
-    EXPECT_EQ(evidence.besideNearWords, -35) << "350 more, for a phone of 10 frames";
+    EXPECT_EQ(evidence.besideNearWords, std::optional(-35.0)) << "350 more, for a phone of 10 frames";
     EXPECT_TRUE(evidence.isAnother());
     EXPECT_FALSE(evidence.provesCommand());
     EXPECT_TRUE(evidence.provesWakePhrase());
@@ -221,6 +231,7 @@ TEST(Evidence, LongerCommand_NeedsABetterNearWordToBeDisproved) {
                                 segment(u"start", 60, 40, -40), segment(u"recording", 100, 50, -40)};
     Evidence evidence = Evidence::weigh(phrase, phrase, {.wakeWordCount = 2});
     EXPECT_EQ(evidence.commandWordCount, 2);
+    EXPECT_EQ(evidence.wantedBesideNearWords(), -50);
     evidence.besideNearWords = -50;
     EXPECT_FALSE(evidence.isAnother());
     evidence.besideNearWords = -50.1;
@@ -229,8 +240,8 @@ TEST(Evidence, LongerCommand_NeedsABetterNearWordToBeDisproved) {
 
 TEST(Evidence, NearWordsThatAreNotHeardToTheirEnd_SayNothing) {
     const std::vector start = {segment(u"start", 60, 40, -40)};
-    EXPECT_EQ(Evidence::compareToNear(start, {}), 0);
-    EXPECT_EQ(Evidence::compareToNear({}, start), 0);
+    EXPECT_EQ(Evidence::compareToNear(start, {}), std::nullopt);
+    EXPECT_EQ(Evidence::compareToNear({}, start), std::nullopt);
 }
 
 TEST(Evidence, CommandAloneThatPhonesFitBetter_IsHardlySpeech) {
