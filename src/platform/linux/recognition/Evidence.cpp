@@ -5,8 +5,10 @@
 
 namespace brivandel {
 
+namespace {
+
 /// The least of each kind of evidence that makes a command.
-struct Evidence::Demands {
+struct Demands {
     double all;
     double wakePhrase;
     double command;
@@ -15,10 +17,6 @@ struct Evidence::Demands {
     qsizetype surplusWords;
 };
 
-namespace {
-
-using Demands = Evidence::Demands;
-
 // From synthetic speech. Where the reference hears the same words, a phrase that was said scores above -5 for
 // the whole and -9 for the command, and what was not said hardly ever agrees by chance. In loud music both
 // fit worse.
@@ -26,10 +24,6 @@ constexpr Demands ifAgreed = {-15, -20, -25, -60, 0, 100};
 // Where it hears others, sentences that are nearly a phrase come as near as -13 for a wrong word of the wake
 // phrase and -15 for a wrong command; such as were said and are given up by this are 1 in 50.
 constexpr Demands ifDisputed = {-10, -12, -13, -35, 0.7, 2};
-// Unless no word that nearly sounds the same fits much better: then it is the voice that the model does not
-// know. Of 36 commands by formant voices 34 are right without this and 36 with it.
-constexpr Demands ifDisputedByFarWords = {-12, -12, -20, -45, 0.7, 2};
-constexpr double muchBetter = -15;
 // "Hey" is short and seldom stressed, and of voices that are made, not recorded, the reference hears "the
 // logic" or "to you logic" every third time, at -27 to -45 for that word.
 constexpr Demands ifAgreedButForTheFirstWord = {-15, -50, -13, -60, 0, 100};
@@ -47,20 +41,8 @@ constexpr double leastAmongPhones = -10;
 // A phone of ordinary length. The words that are compared share all others.
 constexpr double framesOfPhone = 10;
 
-/// The more words a phrase has, the less likely somebody meant another one by any of them. With this 3 of 234
-/// commands without noise are given up, of 125 over noise and music at 20 dB 5, and 30 of 74 near misses.
-double leastBesideNearWords(qsizetype commandWordCount) {
-    constexpr double ofOneWord = -30;
-    constexpr double ofEachFurtherWord = -20;
-    return ofOneWord + ofEachFurtherWord * static_cast<double>(commandWordCount - 1);
-}
-
 // So much tells two phrases apart. More is not counted, so that no one of several comparisons decides alone.
 constexpr double clearDistinction = 10;
-
-const Demands& demandsOnDisputed(const Evidence& evidence) {
-    return evidence.besideNearWords >= muchBetter ? ifDisputedByFarWords : ifDisputed;
-}
 
 const Demands& demandsOn(const Evidence& evidence) {
     const bool isAgreed = evidence.agreement == Agreement::Whole;
@@ -70,7 +52,7 @@ const Demands& demandsOn(const Evidence& evidence) {
     if (evidence.agreement == Agreement::ButForTheFirstWord) {
         return ifAgreedButForTheFirstWord;
     }
-    return isAgreed ? ifAgreed : demandsOnDisputed(evidence);
+    return isAgreed ? ifAgreed : ifDisputed;
 }
 
 // A phrase that was said never scores below -60 by itself; ordinary sentences score -70 to -100.
@@ -200,14 +182,11 @@ std::optional<double> Evidence::compareToNear(std::span<const HeardSegment> phra
     return (sumOf(phrase).score - sumOf(other).score) / framesOfPhone;
 }
 
-bool Evidence::mayProveCommand() const {
-    Evidence atBest = *this;
-    atBest.besideNearWords = 0;
-    return atBest.provesCommand();
-}
-
-double Evidence::wantedBesideNearWords() const {
-    return provesCommand() ? leastBesideNearWords(commandWordCount) : muchBetter;
+double Evidence::leastBesideNearWords() const {
+    // The more words a phrase has, the less likely somebody meant another one by any of them.
+    constexpr double ofOneWord = -30;
+    constexpr double ofEachFurtherWord = -20;
+    return ofOneWord + ofEachFurtherWord * static_cast<double>(commandWordCount - 1);
 }
 
 bool Evidence::isDistinct() const {
@@ -226,15 +205,15 @@ double Evidence::compareToPhones(std::span<const HeardSegment> phrase, std::span
 }
 
 bool Evidence::isAnother() const {
-    return !isDistinct() || (besideNearWords && *besideNearWords < leastBesideNearWords(commandWordCount));
+    return !isDistinct() || besideNearWords < leastBesideNearWords();
 }
 
 bool Evidence::isSpeech() const {
     return amongPhones >= leastAmongPhones;
 }
 
-Evidence::Weakest Evidence::weakestUnder(const Demands& least) const {
-    const double ofNearWords = leastBesideNearWords(commandWordCount);
+Evidence::Weakest Evidence::weakest() const {
+    const Demands& least = demandsOn(*this);
     const std::array<Weakest, 9> margins = {{
         {ofWakePhrase - least.wakePhrase, QStringLiteral("the wake phrase fits badly")},
         {ofAll - least.all, QStringLiteral("the whole fits badly")},
@@ -244,18 +223,9 @@ Evidence::Weakest Evidence::weakestUnder(const Demands& least) const {
         {10 * static_cast<double>(least.surplusWords - surplusWords), QStringLiteral("more words were said")},
         {distinction - leastDistinction, QStringLiteral("it sounds like another command")},
         {amongPhones - leastAmongPhones, QStringLiteral("it is hardly speech")},
-        {besideNearWords.value_or(0) - ofNearWords, QStringLiteral("another word fits better")},
+        {besideNearWords - leastBesideNearWords(), QStringLiteral("another word fits better")},
     }};
     return *std::ranges::min_element(margins, {}, &Weakest::margin);
-}
-
-Evidence::Weakest Evidence::weakest() const {
-    const Weakest weakest = weakestUnder(demandsOn(*this));
-    if (agreement != Agreement::ButForTheFirstWord) {
-        return weakest;
-    }
-    // Half an agreement counts for no less than none.
-    return std::ranges::max(weakest, weakestUnder(demandsOnDisputed(*this)), {}, &Weakest::margin);
 }
 
 bool isOutOfQuestion(std::span<const HeardSegment> phrase) {

@@ -51,9 +51,9 @@ struct Evidence {
     double amongPhones = 1000;
 
     /// By how much the phrase fits better than the best of those in which one word of the command is another
-    /// that nearly sounds the same, as a score of the phone that parts them. None where that was not asked,
+    /// that nearly sounds the same, as a score of the phone that parts them. Large where that was not asked,
     /// or nothing nearly sounds the same.
-    std::optional<double> besideNearWords = {};
+    double besideNearWords = 1000;
     /// How many words follow the wake phrase.
     qsizetype commandWordCount = 0;
 
@@ -72,10 +72,6 @@ struct Evidence {
     /// The wake phrase, whatever follows it.
     [[nodiscard]] bool provesWakePhrase() const;
     [[nodiscard]] bool provesCommand() const { return weakest().margin >= 0; }
-    /// Whether it would if no near word fitted.
-    [[nodiscard]] bool mayProveCommand() const;
-    /// How the phrase must stand beside near words for that.
-    [[nodiscard]] double wantedBesideNearWords() const;
 
     /// phrase and soundAlike are of the same sound, both scored in full. Below 0 when the other fits better,
     /// at most 10 either way, and 0 when one of them was not heard to its end, which says nothing.
@@ -87,6 +83,10 @@ struct Evidence {
     /// word. None when one of them was not heard to its end, which says nothing.
     [[nodiscard]] static std::optional<double> compareToNear(std::span<const HeardSegment> phrase,
                                                              std::span<const HeardSegment> other);
+    /// What is asked for. Of 234 commands without noise 3 are given up by this, of 125 over noise and music
+    /// at 20 dB 5, and of 80 near misses of a command some 8.
+    [[nodiscard]] double leastBesideNearWords() const;
+
     /// Whether something else fits that sounds like the phrase, be it another phrase or none.
     [[nodiscard]] bool isAnother() const;
 
@@ -102,11 +102,6 @@ struct Evidence {
         QString what;
     };
     [[nodiscard]] Weakest weakest() const;
-
-    struct Demands;
-
-private:
-    [[nodiscard]] Weakest weakestUnder(const Demands& least) const;
 };
 
 /// Whether the phrase fits so badly that no reference is needed to see that it was not said.

@@ -116,7 +116,7 @@ bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
     evidence.commandWordCount = words.size() - vocabulary_->graph.wakePhraseLength(words);
     evidence.distinction = compare(take).distinction;
     if (evidence.isDistinct()) {
-        evidence.besideNearWords = besideNearWords(take, evidence.wantedBesideNearWords());
+        evidence.besideNearWords = besideNearWords(take, evidence.leastBesideNearWords());
     }
     return !evidence.isAnother();
 }
@@ -181,16 +181,11 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
         grammar_->decodeWhole(phoneLoop(), features);
         evidence.amongPhones = Evidence::compareToPhones(phrase, grammar_->heard());
     }
-    if (evidence.mayProveCommand()) {
-        evidence.besideNearWords = besideNearWords(take, evidence.wantedBesideNearWords());
-    }
-    const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
-    if (evidence.provesCommand() || evidence.isAnother()) {
+    if (evidence.provesCommand()) {
+        const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
         if (const auto other = otherCommand(words, heard)) {
             return {accepted(*other, QStringLiteral("it was heard among all words"))};
         }
-    }
-    if (evidence.provesCommand()) {
         const Comparison comparison = compare(take);
         evidence.distinction = comparison.distinction;
         if (evidence.agreement != Agreement::Whole && !comparison.other.isEmpty()) {
@@ -201,6 +196,9 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                  QStringLiteral("it fits best of what sounds like it"))};
             }
         }
+    }
+    if (evidence.provesCommand()) {
+        evidence.besideNearWords = besideNearWords(take, evidence.leastBesideNearWords());
     }
     const Evidence::Weakest weakest = evidence.weakest();
     Judgement judgement;
@@ -277,7 +275,7 @@ PhraseJudge::Comparison PhraseJudge::compare(const Take& take) {
     return comparison;
 }
 
-std::optional<double> PhraseJudge::besideNearWords(const Take& take, double wanted) {
+double PhraseJudge::besideNearWords(const Take& take, double least) {
     const QStringList words = wordsOf(take.phrase);
     QList<QStringList> others;
     for (qsizetype i = vocabulary_->graph.wakePhraseLength(words); i < words.size(); ++i) {
@@ -287,7 +285,7 @@ std::optional<double> PhraseJudge::besideNearWords(const Take& take, double want
         }
     }
     if (others.isEmpty()) {
-        return std::nullopt;
+        return Evidence().besideNearWords;
     }
     double sum = 0;
     int speakerCount = 0;
@@ -296,12 +294,12 @@ std::optional<double> PhraseJudge::besideNearWords(const Take& take, double want
             sum += *beside;
             ++speakerCount;
         }
-        return sum < wanted * speakerCount;
+        return sum < least * speakerCount;
     });
     if (!wasHeard) {
         return refused;
     }
-    return speakerCount > 0 ? std::optional(sum / speakerCount) : std::nullopt;
+    return speakerCount > 0 ? sum / speakerCount : Evidence().besideNearWords;
 }
 
 bool PhraseJudge::hearBeside(const Take& take, const QList<QStringList>& others, const Beside& visit) {

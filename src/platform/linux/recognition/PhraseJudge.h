@@ -80,7 +80,7 @@ private:
     [[nodiscard]] Judgement weigh(const Take& take);
     [[nodiscard]] bool mayLackFirstWord(const std::vector<HeardSegment>& phrase,
                                         const Question& question) const;
-    /// Of two commands, one of which the grammar heard and might be carried out, the one that the reference
+    /// Of two commands, one of which the grammar heard and would be carried out, the one that the reference
     /// heard, which knows the phrases and much else. None where that is the same, or only its beginning, or
     /// sounds like it.
     [[nodiscard]] std::optional<Reading> otherCommand(const QStringList& words,
@@ -96,8 +96,8 @@ private:
     };
     [[nodiscard]] Comparison compare(const Take& take);
     /// A phrase beside those in which one word is another one that nearly sounds the same; see Evidence. Once
-    /// it is as much as is wanted, no other speaker is asked.
-    [[nodiscard]] std::optional<double> besideNearWords(const Take& take, double wanted);
+    /// it is as much as is asked for, no other speaker is heard.
+    [[nodiscard]] double besideNearWords(const Take& take, double least);
     /// Gets what was heard of the phrase and of its rivals, and says whether to ask for another speaker.
     using Beside = std::function<bool(const std::vector<HeardSegment>&, const std::vector<HeardSegment>&)>;
     /// What is heard of the phrase where it is the only one, and of others where they are, for one speaker
