@@ -9,8 +9,8 @@ namespace brivandel {
 namespace {
 
 // How much the model's densities vary, as standard deviations: the root of the sum of the mean of their
-// variances and the variance of their means, over all phones but the silences. Not of the first coefficient, which is the
-// loudness: its densities have the pauses in them as well.
+// variances and the variance of their means, over all phones but the silences. Not of the first coefficient,
+// which is the loudness: its densities have the pauses in them as well.
 constexpr std::array deviationsOfTraining = {0.0,   15.96, 13.59, 18.31, 17.16, 14.88, 16.20,
                                              15.66, 15.01, 14.98, 13.65, 12.92, 12.08};
 
