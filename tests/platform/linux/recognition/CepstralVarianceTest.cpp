@@ -17,7 +17,7 @@ Features voice(std::size_t rowCount, double swing) {
         const bool isPause = row < rowCount / 3;
         features.values.push_back(isPause ? 10 : 60);
         for (std::size_t i = 1; i < coefficientCount; ++i) {
-            const double phase = static_cast<double>(row * i);
+            const auto phase = static_cast<double>(row * i);
             features.values.push_back(isPause ? 0 : static_cast<float>(5 + swing * std::sin(phase)));
         }
     }
