@@ -14,6 +14,10 @@ namespace {
 constexpr std::array deviationsOfTraining = {0.0,   15.96, 13.59, 18.31, 17.16, 14.88, 16.20,
                                              15.66, 15.01, 14.98, 13.65, 12.92, 12.08};
 
+// Natural voices vary by up to an eighth more than that, formant voices by up to twice as much: what natural
+// voices do stays as it is.
+constexpr double tolerance = 1.25;
+
 // Voice is what is louder than so much of the way from the soft to the loud.
 constexpr double shareOfLoudness = 0.3;
 constexpr double soft = 0.1;
@@ -60,10 +64,11 @@ void limitVariance(Features& features) {
         }
         const double mean = sum / count;
         const double deviation = std::sqrt(std::max(squares / count - mean * mean, 0.0));
-        if (deviation <= deviationsOfTraining.at(i)) {
+        const double most = tolerance * deviationsOfTraining.at(i);
+        if (deviation <= most) {
             continue;
         }
-        const double factor = deviationsOfTraining.at(i) / deviation;
+        const double factor = most / deviation;
         for (std::size_t at = i; at < features.values.size(); at += features.coefficientCount) {
             features.values[at] = static_cast<float>(mean + (features.values[at] - mean) * factor);
         }
