@@ -2,7 +2,6 @@
 
 #include "platform/linux/recognition/BackgroundWords.h"
 #include "platform/linux/recognition/LanguageModel.h"
-#include "platform/linux/recognition/NearWords.h"
 #include "platform/linux/recognition/SpokenForms.h"
 
 #include <algorithm>
@@ -24,15 +23,12 @@ public:
         compiled_->source = vocabulary;
         const QSet<QString> phraseWords = wordsOfPhrases();
         compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
-        Pronunciations ofPhrases;
         // Not of the other words: what is for us should be heard in every accent, what is not need not be.
         for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
             if (phraseWords.contains(it.key())) {
                 addOtherAccents(it.value());
-                ofPhrases.insert(it.key(), it.value());
             }
         }
-        compiled_->nearWords = nearWords(ofPhrases, dictionaryPath);
     }
 
     std::shared_ptr<const CompiledVocabulary> compile() {

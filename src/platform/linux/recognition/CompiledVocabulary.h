@@ -21,8 +21,6 @@ struct CompiledVocabulary {
     /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
     SoundAlikes soundAlikes;
-    /// Of the words of phrases, numbers apart.
-    Pronunciations nearWords;
     /// In ARPA format.
     std::map<Expecting, QByteArray> languageModels;
     /// For each phrase that cannot be listened for, a line that says which and why.

@@ -38,9 +38,6 @@ constexpr Demands ifDisputedAlone = {-20, -12, -30, -60, 0.7, 2};
 // of those is lost: the others both decoders hear at once, which of music they never did, and nobody asks.
 constexpr double leastAmongPhones = -10;
 
-// A phone of ordinary length. The words that are compared share all others.
-constexpr double framesOfPhone = 10;
-
 // So much tells two phrases apart. More is not counted, so that no one of several comparisons decides alone.
 constexpr double clearDistinction = 10;
 
@@ -137,7 +134,6 @@ Evidence Evidence::weigh(std::span<const HeardSegment> phrase, std::span<const H
             evidence.ofWakePhrase = std::min(evidence.ofWakePhrase, word.mean());
             continue;
         }
-        ++evidence.commandWordCount;
         command.score += word.score;
         command.frameCount += word.frameCount;
         evidence.ofWorstCommandWord = std::min(evidence.ofWorstCommandWord, word.mean());
@@ -174,21 +170,6 @@ double Evidence::distinguish(std::span<const HeardSegment> phrase, std::span<con
     return std::clamp(difference, -clearDistinction, clearDistinction);
 }
 
-std::optional<double> Evidence::compareToNear(std::span<const HeardSegment> phrase,
-                                              std::span<const HeardSegment> other) {
-    if (wordsOf(phrase).size() != wordsOf(other).size()) {
-        return std::nullopt;
-    }
-    return (sumOf(phrase).score - sumOf(other).score) / framesOfPhone;
-}
-
-double Evidence::leastBesideNearWords() const {
-    // The more words a phrase has, the less likely somebody meant another one by any of them.
-    constexpr double ofOneWord = -30;
-    constexpr double ofEachFurtherWord = -20;
-    return ofOneWord + ofEachFurtherWord * static_cast<double>(commandWordCount - 1);
-}
-
 bool Evidence::isDistinct() const {
     return distinction >= leastDistinction;
 }
@@ -204,17 +185,13 @@ double Evidence::compareToPhones(std::span<const HeardSegment> phrase, std::span
     return std::min(evidence.ofAll, evidence.ofCommand);
 }
 
-bool Evidence::isAnother() const {
-    return !isDistinct() || besideNearWords < leastBesideNearWords();
-}
-
 bool Evidence::isSpeech() const {
     return amongPhones >= leastAmongPhones;
 }
 
 Evidence::Weakest Evidence::weakest() const {
     const Demands& least = demandsOn(*this);
-    const std::array<Weakest, 9> margins = {{
+    const std::array<Weakest, 8> margins = {{
         {ofWakePhrase - least.wakePhrase, QStringLiteral("the wake phrase fits badly")},
         {ofAll - least.all, QStringLiteral("the whole fits badly")},
         {ofCommand - least.command, QStringLiteral("the command fits badly")},
@@ -223,7 +200,6 @@ Evidence::Weakest Evidence::weakest() const {
         {10 * static_cast<double>(least.surplusWords - surplusWords), QStringLiteral("more words were said")},
         {distinction - leastDistinction, QStringLiteral("it sounds like another command")},
         {amongPhones - leastAmongPhones, QStringLiteral("it is hardly speech")},
-        {besideNearWords - leastBesideNearWords(), QStringLiteral("another word fits better")},
     }};
     return *std::ranges::min_element(margins, {}, &Weakest::margin);
 }

@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <optional>
 #include <span>
 
 namespace brivandel {
@@ -50,13 +49,6 @@ struct Evidence {
     /// that was not asked.
     double amongPhones = 1000;
 
-    /// By how much the phrase fits better than the best of those in which one word of the command is another
-    /// that nearly sounds the same, as a score of the phone that parts them. Large where that was not asked,
-    /// or nothing nearly sounds the same.
-    double besideNearWords = 1000;
-    /// How many words follow the wake phrase.
-    qsizetype commandWordCount = 0;
-
     struct Shape {
         /// So many of the first words are the wake phrase.
         qsizetype wakeWordCount = 0;
@@ -78,17 +70,6 @@ struct Evidence {
     [[nodiscard]] static double distinguish(std::span<const HeardSegment> phrase,
                                             std::span<const HeardSegment> soundAlike);
     [[nodiscard]] bool isDistinct() const;
-
-    /// Of besideNearWords: phrase and other are of the same sound, both scored in full, and differ in one
-    /// word. None when one of them was not heard to its end, which says nothing.
-    [[nodiscard]] static std::optional<double> compareToNear(std::span<const HeardSegment> phrase,
-                                                             std::span<const HeardSegment> other);
-    /// What is asked for. Of 234 commands without noise 3 are given up by this, of 125 over noise and music
-    /// at 20 dB 5, and of 80 near misses of a command some 8.
-    [[nodiscard]] double leastBesideNearWords() const;
-
-    /// Whether something else fits that sounds like the phrase, be it another phrase or none.
-    [[nodiscard]] bool isAnother() const;
 
     /// phrase, which is a command alone, and phones are of the same sound, both scored in full.
     [[nodiscard]] static double compareToPhones(std::span<const HeardSegment> phrase,

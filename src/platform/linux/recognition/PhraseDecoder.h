@@ -13,8 +13,8 @@ namespace brivandel {
 /// Understands utterances with two kinds of decoders. The gate knows the phrases and 2,000 words besides, and
 /// says while somebody speaks where the wake phrase is; the judge's grammar can hear nothing but phrases, and
 /// says which. Either alone fails: the first misses phrases in noise, the second makes a command of every
-/// sentence. Where both hear the same words, and no others that sound like them fit better, that was said.
-/// Else the judge weighs the utterance as a whole.
+/// sentence. Where both hear the same words, that was said. Where they do not, the judge weighs the utterance
+/// as a whole.
 class PhraseDecoder final : public UtteranceDecoder {
 public:
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 50 ms.

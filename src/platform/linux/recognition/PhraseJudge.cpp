@@ -22,17 +22,9 @@ constexpr qsizetype leastSpeakersForAnother = 2;
 // Below this nobody meant a phrase: music would fill the log.
 constexpr double farthestMiss = -40;
 
-// What the engine refuses to compare is proven by nothing.
-constexpr double refused = -1000;
-
 const QString& phoneLoop() {
     static const QString search = QStringLiteral("phones");
     return search;
-}
-
-/// The engine's dictionary wants a name for it, which no word of a phrase has.
-QString nameOfNearWord(const QString& way) {
-    return QString(way).replace(u' ', u'-');
 }
 
 /// The sound of the words and a little around them.
@@ -82,9 +74,6 @@ bool PhraseJudge::setVocabulary(std::shared_ptr<const CompiledVocabulary> vocabu
     for (const PhraseGraph::Node& node : graph.nodes()) {
         for (const PhraseGraph::Edge& edge : node.edges) {
             phraseWords.insert(edge.word, vocabulary->pronunciations.value(edge.word));
-            for (const QString& way : vocabulary->nearWords.value(edge.word)) {
-                phraseWords.insert(nameOfNearWord(way), {way});
-            }
         }
     }
     bool accepted =
@@ -106,19 +95,11 @@ std::vector<HeardSegment> PhraseJudge::hearPhrase(const Features& features, cons
 }
 
 bool PhraseJudge::confirms(const QStringList& words, const Question& question) {
-    Take take{.speaker = speakers_.front().get(), .question = question, .features = {}};
-    take.features = take.speaker->features(question.sound);
-    take.phrase = hearPhrase(take.features, question);
-    if (wordsOf(take.phrase) != words) {
+    if (wordsOf(hearPhrase(speakers_.front()->features(question.sound), question)) != words) {
         return false;
     }
-    Evidence evidence;
-    evidence.commandWordCount = words.size() - vocabulary_->graph.wakePhraseLength(words);
-    evidence.distinction = compare(take).distinction;
-    if (evidence.isDistinct()) {
-        evidence.besideNearWords = besideNearWords(take, evidence.leastBesideNearWords());
-    }
-    return !evidence.isAnother();
+    const Evidence evidence{.distinction = compare(words, question.sound).distinction};
+    return evidence.isDistinct();
 }
 
 QStringList PhraseJudge::heardAmongAllWords(const Question& question) {
@@ -147,7 +128,7 @@ Conclusion PhraseJudge::judge(const Question& question) {
 }
 
 PhraseJudge::Take PhraseJudge::take(FrontEnd& speaker, const Question& question) {
-    Take take{.speaker = &speaker, .question = question, .features = speaker.features(question.sound)};
+    Take take{.question = question, .features = speaker.features(question.sound)};
     take.phrase = hearPhrase(take.features, question);
     // A command alone is short, and what is beside it says most about it.
     if (vocabulary_->graph.wakePhraseLength(wordsOf(take.phrase)) == 0 || isOutOfQuestion(take.phrase)) {
@@ -155,14 +136,14 @@ PhraseJudge::Take PhraseJudge::take(FrontEnd& speaker, const Question& question)
     }
     const Question narrower = around(take.phrase, question);
     if (narrower.sound.size() < question.sound.size()) {
-        take = {.speaker = &speaker, .question = narrower, .features = speaker.features(narrower.sound)};
+        take = {.question = narrower, .features = speaker.features(narrower.sound)};
         take.phrase = hearPhrase(take.features, narrower);
     }
     return take;
 }
 
 PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
-    const auto& [speaker, question, features, phrase] = take;
+    const auto& [question, features, phrase] = take;
     const PhraseGraph& graph = vocabulary_->graph;
     const QStringList words = wordsOf(phrase);
     const std::optional<Reading> reading = graph.read(words);
@@ -181,12 +162,13 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
         grammar_->decodeWhole(phoneLoop(), features);
         evidence.amongPhones = Evidence::compareToPhones(phrase, grammar_->heard());
     }
-    if (evidence.provesCommand()) {
+    const bool isProven = evidence.provesCommand();
+    if (isProven) {
         const QStringList heard = graph.addressed(wordsOf(reference), question.expecting);
         if (const auto other = otherCommand(words, heard)) {
             return {accepted(*other, QStringLiteral("it was heard among all words"))};
         }
-        const Comparison comparison = compare(take);
+        const Comparison comparison = compare(words, question.sound);
         evidence.distinction = comparison.distinction;
         if (evidence.agreement != Agreement::Whole && !comparison.other.isEmpty()) {
             // Two witnesses need not be as sure as one.
@@ -197,9 +179,6 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
             }
         }
     }
-    if (evidence.provesCommand()) {
-        evidence.besideNearWords = besideNearWords(take, evidence.leastBesideNearWords());
-    }
     const Evidence::Weakest weakest = evidence.weakest();
     Judgement judgement;
     if (weakest.margin >= farthestMiss) {
@@ -207,7 +186,7 @@ PhraseJudge::Judgement PhraseJudge::weigh(const Take& take) {
                                                         .isAccepted = evidence.provesCommand(),
                                                         .score = weakest.margin,
                                                         .reason = weakest.what};
-        judgement.isOpen = !evidence.provesCommand() && !evidence.isAnother() && evidence.isSpeech();
+        judgement.isOpen = !isProven && evidence.isSpeech();
     }
     if (evidence.provesCommand()) {
         judgement.conclusion.reading = reading;
@@ -246,85 +225,42 @@ QList<QStringList> PhraseJudge::soundAlikesOf(const QStringList& words) const {
     return vocabulary_->soundAlikes.value(command.join(u' '));
 }
 
-PhraseJudge::Comparison PhraseJudge::compare(const Take& take) {
-    const QStringList words = wordsOf(take.phrase);
+PhraseJudge::Comparison PhraseJudge::compare(const QStringList& words, std::span<const std::int16_t> sound) {
     Comparison comparison;
     QList<QStringList> others = soundAlikesOf(words);
     if (others.isEmpty()) {
         return comparison;
     }
+    static const QString itself = QStringLiteral("itself");
+    static const QString soundAlikes = QStringLiteral("sound-alikes");
     const QStringList wakePhrase = words.first(vocabulary_->graph.wakePhraseLength(words));
     for (QStringList& other : others) {
         other = wakePhrase + other;
     }
     double sum = 0;
     QList<QStringList> betterOnes;
-    const bool wasHeard = hearBeside(take, others, [&](const auto& phrase, const auto& other) {
-        const double distinction = Evidence::distinguish(phrase, other);
-        sum += distinction;
-        if (distinction < 0) {
-            betterOnes << wordsOf(other);
+    if (addGrammar(itself, {words}) && addGrammar(soundAlikes, others)) {
+        for (const auto& speaker : speakers_) {
+            const Features features = speaker->features(sound);
+            grammar_->decodeWhole(itself, features);
+            const std::vector<HeardSegment> phrase = grammar_->heard();
+            grammar_->decodeWhole(soundAlikes, features);
+            const std::vector<HeardSegment> other = grammar_->heard();
+            const double distinction = Evidence::distinguish(phrase, other);
+            sum += distinction;
+            if (distinction < 0) {
+                betterOnes << wordsOf(other);
+            }
         }
-        return true;
-    });
-    comparison.distinction = wasHeard ? sum / static_cast<double>(speakers_.size()) : refused;
+    }
+    grammar_->removeSearch(itself);
+    grammar_->removeSearch(soundAlikes);
+    comparison.distinction = sum / static_cast<double>(speakers_.size());
     if (betterOnes.size() >= leastSpeakersForAnother &&
         betterOnes.count(betterOnes.front()) == betterOnes.size()) {
         comparison.other = betterOnes.front();
     }
     return comparison;
-}
-
-double PhraseJudge::besideNearWords(const Take& take, double least) {
-    const QStringList words = wordsOf(take.phrase);
-    QList<QStringList> others;
-    for (qsizetype i = vocabulary_->graph.wakePhraseLength(words); i < words.size(); ++i) {
-        for (const QString& way : vocabulary_->nearWords.value(words[i])) {
-            others << words;
-            others.back()[i] = nameOfNearWord(way);
-        }
-    }
-    if (others.isEmpty()) {
-        return Evidence().besideNearWords;
-    }
-    double sum = 0;
-    int speakerCount = 0;
-    const bool wasHeard = hearBeside(take, others, [&](const auto& phrase, const auto& other) {
-        if (const auto beside = Evidence::compareToNear(phrase, other)) {
-            sum += *beside;
-            ++speakerCount;
-        }
-        return sum < least * speakerCount;
-    });
-    if (!wasHeard) {
-        return refused;
-    }
-    return speakerCount > 0 ? sum / speakerCount : Evidence().besideNearWords;
-}
-
-bool PhraseJudge::hearBeside(const Take& take, const QList<QStringList>& others, const Beside& visit) {
-    static const QString itself = QStringLiteral("itself");
-    static const QString rivals = QStringLiteral("rivals");
-    const auto hear = [this](const QString& search, const Features& features) {
-        grammar_->decodeWhole(search, features);
-        return grammar_->heard();
-    };
-    const bool isAccepted = addGrammar(itself, {wordsOf(take.phrase)}) && addGrammar(rivals, others);
-    if (isAccepted && visit(take.phrase, hear(rivals, take.features))) {
-        for (const auto& speaker : speakers_) {
-            if (speaker.get() == take.speaker) {
-                continue;
-            }
-            const Features features = speaker->features(take.question.sound);
-            const std::vector<HeardSegment> phrase = hear(itself, features);
-            if (!visit(phrase, hear(rivals, features))) {
-                break;
-            }
-        }
-    }
-    grammar_->removeSearch(itself);
-    grammar_->removeSearch(rivals);
-    return isAccepted;
 }
 
 bool PhraseJudge::addGrammar(const QString& search, const QList<QStringList>& phrases) {

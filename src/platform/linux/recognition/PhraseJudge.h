@@ -7,7 +7,6 @@
 #include "platform/linux/recognition/UtteranceDecoder.h"
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <span>
 #include <tuple>
@@ -28,9 +27,8 @@ public:
     /// By how much the resonances of each speaker are higher than in the model's training. The first is asked
     /// first.
     using Resonances = std::array<double, 3>;
-    /// Of 120 commands by formant voices of Britain 54 were understood without the second and the third, 78
-    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %, before the variance was limited. Two of each
-    /// were wrong.
+    /// Of 120 commands by formant voices of Britain 54 are understood without the second and the third, 78
+    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %. Two of each were wrong.
     static constexpr Resonances usualResonances = {1, 0.96, 1.04};
 
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
@@ -63,8 +61,6 @@ private:
 
     /// What the grammar makes of the sound, or of the part of it that has the words.
     struct Take {
-        /// As if whom the speaker was.
-        FrontEnd* speaker;
         Question question;
         Features features;
         std::vector<HeardSegment> phrase = {};
@@ -94,15 +90,7 @@ private:
         /// The one other that does, for most speakers; none when there is none, or several.
         QStringList other = {};
     };
-    [[nodiscard]] Comparison compare(const Take& take);
-    /// A phrase beside those in which one word is another one that nearly sounds the same; see Evidence. Once
-    /// it is as much as is asked for, no other speaker is heard.
-    [[nodiscard]] double besideNearWords(const Take& take, double least);
-    /// Gets what was heard of the phrase and of its rivals, and says whether to ask for another speaker.
-    using Beside = std::function<bool(const std::vector<HeardSegment>&, const std::vector<HeardSegment>&)>;
-    /// What is heard of the phrase where it is the only one, and of others where they are, for one speaker
-    /// after the other, the one of the take first. False when the engine refuses them.
-    [[nodiscard]] bool hearBeside(const Take& take, const QList<QStringList>& others, const Beside& visit);
+    [[nodiscard]] Comparison compare(const QStringList& words, std::span<const std::int16_t> sound);
     /// One that can hear nothing but these.
     [[nodiscard]] bool addGrammar(const QString& search, const QList<QStringList>& phrases);
 

@@ -26,8 +26,8 @@ public:
     virtual void begin(Expecting expecting) = 0;
     virtual void process(const HeardSound& sound) = 0;
     /// What has been said if nothing more is said; none while that is not sure to be a phrase. Worth asking
-    /// only in silence: in the middle of a word there is no telling. Costs some hundredths of a
-    /// second for each new answer.
+    /// only in silence: in the middle of a word there is no telling. Costs some milliseconds for each new
+    /// answer.
     [[nodiscard]] virtual std::optional<Reading> interim() = 0;
     /// Whether anything in it seems to be for us. Costs nothing.
     [[nodiscard]] virtual bool isPromising() const = 0;

@@ -184,41 +184,6 @@ TEST(Evidence, Distinction_IsAskedForInTheMeasureThatIsWrittenDown) {
     EXPECT_FALSE(Evidence{.distinction = Evidence::leastDistinction - 0.01}.isDistinct());
 }
 
-TEST(Evidence, NearWordThatFitsMuchBetter_DisprovesTheCommand) {
-    const std::vector start = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
-                               segment(u"start", 60, 40, -40)};
-    const std::vector smart = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
-                               segment(u"S-M-AA-R-T", 60, 50, -25)};
-    Evidence evidence = Evidence::weigh(start, start, {.wakeWordCount = 2});
-    ASSERT_TRUE(evidence.provesCommand());
-    EXPECT_FALSE(evidence.isAnother()) << "not asked yet";
-    evidence.besideNearWords = Evidence::compareToNear(start, smart).value();
-    EXPECT_EQ(evidence.besideNearWords, -35) << "350 more, for a phone of 10 frames";
-    EXPECT_TRUE(evidence.isAnother());
-    EXPECT_FALSE(evidence.provesCommand());
-    EXPECT_TRUE(evidence.provesWakePhrase());
-    EXPECT_EQ(evidence.weakest().what, QStringLiteral("another word fits better"));
-    EXPECT_EQ(evidence.weakest().margin, -5);
-}
-
-TEST(Evidence, LongerCommand_NeedsABetterNearWordToBeDisproved) {
-    const std::vector phrase = {segment(u"hey", 0, 20, -30), segment(u"logic", 20, 40, -30),
-                                segment(u"start", 60, 40, -40), segment(u"recording", 100, 50, -40)};
-    Evidence evidence = Evidence::weigh(phrase, phrase, {.wakeWordCount = 2});
-    EXPECT_EQ(evidence.commandWordCount, 2);
-    EXPECT_EQ(evidence.leastBesideNearWords(), -50);
-    evidence.besideNearWords = -50;
-    EXPECT_FALSE(evidence.isAnother());
-    evidence.besideNearWords = -50.1;
-    EXPECT_TRUE(evidence.isAnother());
-}
-
-TEST(Evidence, NearWordsThatAreNotHeardToTheirEnd_SayNothing) {
-    const std::vector start = {segment(u"start", 60, 40, -40)};
-    EXPECT_EQ(Evidence::compareToNear(start, {}), std::nullopt);
-    EXPECT_EQ(Evidence::compareToNear({}, start), std::nullopt);
-}
-
 TEST(Evidence, CommandAloneThatPhonesFitBetter_IsHardlySpeech) {
     const std::vector phrase = {segment(u"", 0, 20, -20), segment(u"undo", 20, 40, -40)};
     const std::vector phones = {segment(u"", 0, 20, -20), segment(u"AH", 20, 15, -27),

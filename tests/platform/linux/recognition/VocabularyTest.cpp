@@ -55,14 +55,6 @@ TEST_F(VocabularyTest, OtherAccents_AreKnownInPhrasesAlone) {
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("card")], QStringList{QStringLiteral("K AA R D")});
 }
 
-TEST_F(VocabularyTest, WordsOfPhrases_HaveNearWordsAndOthersHaveNone) {
-    const auto compiled = compile();
-    EXPECT_TRUE(compiled->nearWords[QStringLiteral("play")].contains(QStringLiteral("K L EY")));
-    EXPECT_TRUE(compiled->nearWords[QStringLiteral("bar")].contains(QStringLiteral("K AA R")));
-    EXPECT_FALSE(compiled->nearWords.contains(QStringLiteral("twelve")));
-    EXPECT_FALSE(compiled->nearWords.contains(QStringLiteral("weather")));
-}
-
 TEST_F(VocabularyTest, MetronomeThatTheDictionaryLacks_IsKnown) {
     EXPECT_EQ(compile()->pronunciations[QStringLiteral("metronome")],
               QStringList{QStringLiteral("M EH T R AH N OW M")});
