@@ -30,8 +30,8 @@ public:
     /// for one whose throat is shorter by 12 %.
     [[nodiscard]] static std::unique_ptr<FrontEnd> make(cmd_ln_s* configuration, double resonance);
 
-    /// Of sound that is there as a whole; none of what was heard before has a part in it. They vary no more
-    /// than in the model's training.
+    /// Of sound that is there as a whole; none of what was heard before has a part in it. They vary little
+    /// more than in the model's training.
     [[nodiscard]] Features features(std::span<const std::int16_t> samples);
 
     /// To be held while the engine makes a front end, a decoder's own too: the factor is one for the whole
