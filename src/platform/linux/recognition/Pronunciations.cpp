@@ -110,6 +110,7 @@ Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPa
 }
 
 void addOtherAccents(QStringList& ways) {
+    static const QRegularExpression vowelOfCount(QStringLiteral("\\bAW\\b"));
     // Before an R it is the vowel of "bar", which nobody rounds.
     static const QRegularExpression vowelOfStop(QStringLiteral("\\bAA\\b(?! R\\b)"));
     static const QRegularExpression silentR(QStringLiteral(" R\\b(?! [AEIOU])"));
@@ -118,6 +119,9 @@ void addOtherAccents(QStringList& ways) {
             ways << way;
         }
     };
+    for (const QString& way : QStringList(ways)) {
+        add(QString(way).replace(vowelOfCount, QStringLiteral("AH UH")));
+    }
     for (const QString& way : QStringList(ways)) {
         const QString rounded = QString(way).replace(vowelOfStop, QStringLiteral("AO"));
         add(rounded);

@@ -14,9 +14,9 @@ using Pronunciations = QHash<QString, QStringList>;
 /// Any thread; reads the whole dictionary file, some 10 ms.
 [[nodiscard]] Pronunciations pronounce(const QSet<QString>& words, const QString& dictionaryPath);
 
-/// The dictionary is American. Adds to the ways of one word those of speakers who round the vowel of "stop",
-/// as the Scottish do, and who leave out the R of "start" besides, as the English and the Australians do: to
-/// the American ear that is nearly "stop".
+/// The dictionary is American. Adds to the ways of one word those of speakers who round the vowel of "stop"
+/// and begin that of "count" with a closed mouth, as the Scottish do, and who leave out the R of "start"
+/// besides, as the English and the Australians do: to the American ear that is nearly "stop".
 void addOtherAccents(QStringList& ways);
 
 /// The words among these that the dictionary holds. Any thread; some 10 ms.

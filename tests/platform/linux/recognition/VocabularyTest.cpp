@@ -38,8 +38,10 @@ TEST_F(VocabularyTest, WordsOfTheDictionary_AreKnownWithTheirVariants) {
 }
 
 TEST_F(VocabularyTest, OtherAccents_AreKnownInPhrasesAlone) {
-    vocabulary_.phrases << QStringLiteral("start recording");
+    vocabulary_.phrases << QStringLiteral("start recording") << QStringLiteral("count in");
     const auto compiled = compile();
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("count")],
+              (QStringList{QStringLiteral("K AW N T"), QStringLiteral("K AH UH N T")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")],
               (QStringList{QStringLiteral("L AA JH IH K"), QStringLiteral("L AO JH IH K")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("on")],
@@ -52,6 +54,7 @@ TEST_F(VocabularyTest, OtherAccents_AreKnownInPhrasesAlone) {
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("bar")],
               (QStringList{QStringLiteral("B AA R"), QStringLiteral("B AA")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("shot")], QStringList{QStringLiteral("SH AA T")});
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("sound")], QStringList{QStringLiteral("S AW N D")});
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("card")], QStringList{QStringLiteral("K AA R D")});
 }
 
