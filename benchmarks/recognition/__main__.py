@@ -16,7 +16,7 @@ from hearing import GeneralModel, Program, name_of, sound_of
 from voices import VOICES, Speech
 
 _WHAT_MAKES_THE_CORPUS = [Path(__file__).with_name(f"{module}.py")
-                          for module in ("cases", "hearing", "material", "sounds", "voices")]
+                          for module in ("cases", "hearing", "material", "recordings", "sounds", "voices")]
 
 _BATCH_SECONDS = 200
 # The general model's figures need fewer utterances: they are far from the others.

@@ -6,8 +6,9 @@ from dataclasses import asdict, dataclass
 import numpy as np
 
 import material
+import recordings
 import sounds
-from voices import VOICES
+from voices import FORMANT, NATURAL, PERSON, VOICES
 
 
 @dataclass
@@ -53,8 +54,8 @@ class Corpus:
         self._triggers = triggers
         self._phrases = triggers + material.SWITCHES
         voices = VOICES[half]
-        self._natural = [index for index, voice in enumerate(voices) if voice.natural]
-        self._formant = [index for index, voice in enumerate(voices) if not voice.natural]
+        self._natural, self._formant, self._people = (
+            [index for index, voice in enumerate(voices) if voice.kind == kind] for kind in (NATURAL, FORMANT, PERSON))
         self.utterances = []
         self._clean()
         self._disturbed()
@@ -62,6 +63,7 @@ class Corpus:
         self._pauses()
         self._settings()
         self._negative(hours)
+        self._said_by_people()
 
     def _add(self, group, voice, parts, expected, **more):
         self.utterances.append(Utterance(
@@ -164,12 +166,34 @@ class Corpus:
         """In pieces of five minutes, half of the time talk, most of the rest music. Sixty sentences are longer than that."""
         pieces = max(1, round(hours * 12))
         talk = np.array(material.prose() + material.studio_talk(1000, self._random))
+
+        def add_talk(group, voice, sentences):
+            parts = [part for sentence in sentences for part in (str(sentence), 0.6)]
+            self._add(group, voice, parts, [], length=300)
+
         for index in range(pieces):
-            if index % 2 == 0:
-                voice = self._natural[index // 2 % len(self._natural)]
-                parts = [part for sentence in self._random.choice(talk, 60) for part in (str(sentence), 0.6)]
-                self._add("ordinary speech", voice, parts, [], length=300)
+            if index % 4 == 0:
+                add_talk("ordinary speech", self._natural[index // 4 % len(self._natural)], self._random.choice(talk, 60))
+            elif index % 4 == 2:
+                voice = self._people[index // 4 % len(self._people)]
+                files = recordings.files(VOICES[self._half][voice].base)
+                add_talk("people talking", voice, self._random.choice(files, 150, replace=False))
             elif index % 12 == 11:
                 self._add("noise", None, [], [], background=sounds.NOISES[index // 12 % 2], length=300)
             else:
                 self._add("music", None, [], [], background=sounds.MUSIC[index // 2 % 4], length=300)
+
+    def _said_by_people(self):
+        """Nobody was asked to say our phrases, so what was said is made the user's own: wake phrase and commands."""
+        quieter = {"snr": 20}
+        conditions = [("clean", 200, [{}]), ("quiet", 66, [{"decibels": sounds.SPEECH_DECIBELS - 18}]),
+                      ("room", 66, [{"echo": True}]),
+                      ("over noise and music", 100, [{"background": what, **quieter} for what in sounds.NOISES + sounds.MUSIC])]
+        speakers = [index for index in self._people if VOICES[self._half][index].base == recordings.SPEAKERS["en"]]
+        for name, count, several in conditions:
+            for index, (voice, phrase) in enumerate(self._pairs(speakers, recordings.PHRASES, count) if speakers else []):
+                wake = (*recordings.WAKE_PHRASES, None)[index % 3]
+                said = [wake, 0.35, phrase] if wake else [phrase]
+                self._add(f"a person, {name}", voice, said, [f"{wake} {phrase}" if wake else phrase],
+                          settings=f"recorded, wake phrase: {wake}" if wake else "recorded, no wake phrase",
+                          **several[index % len(several)])

@@ -3,6 +3,7 @@
 import json
 import os
 import plistlib
+import re
 import subprocess
 import tempfile
 from pathlib import Path
@@ -10,6 +11,7 @@ from pathlib import Path
 import numpy as np
 
 import material
+import recordings
 import sounds
 from measured import measured
 from voices import VOICES
@@ -78,7 +80,7 @@ class Program:
         self._homes = {}
 
     def _environment(self, settings):
-        home = self._folder / "settings" / settings.replace(":", "").replace(" ", "-")
+        home = self._folder / "settings" / re.sub("[^a-z]+", "-", settings)
         if settings not in self._homes:
             (home / "brivandel").mkdir(parents=True, exist_ok=True)
             (home / "brivandel" / "defaults.plist").write_bytes(plistlib.dumps(_stored(settings)))
@@ -113,16 +115,22 @@ class Program:
 
 
 def _stored(settings):
-    if settings == "custom":
-        key = {"keyCode": 1, "modifierFlags": 0, "displayString": "S", "appleScript": ""}
-        commands = [{"id": f"00000000-0000-0000-0000-{index:012}", "name": phrase, "triggers": [phrase],
-                     "capturedKey": key, "isEnabled": True} for index, phrase in enumerate(material.CUSTOM_PHRASES)]
-        return {"customCommands": json.dumps(commands).encode()}
-    if settings == "no wake phrase":
-        return {"useWakeWord": False}
-    if settings.startswith("wake phrase: "):
-        return {"wakeWord": settings.removeprefix("wake phrase: ")}
-    return {}
+    """Of settings such as "custom", "recorded, no wake phrase" and "wake phrase: maestro"."""
+    stored = {}
+    for setting in settings.split(", "):
+        name, _, value = setting.partition(": ")
+        stored |= {"default": lambda: {}, "no wake phrase": lambda: {"useWakeWord": False},
+                   "wake phrase": lambda: {"wakeWord": value},
+                   "custom": lambda: _custom_commands(material.CUSTOM_PHRASES),
+                   "recorded": lambda: _custom_commands(recordings.PHRASES)}[name]()
+    return stored
+
+
+def _custom_commands(phrases):
+    key = {"keyCode": 1, "modifierFlags": 0, "displayString": "S", "appleScript": ""}
+    commands = [{"id": f"00000000-0000-0000-0000-{index:012}", "name": phrase, "triggers": [phrase],
+                 "capturedKey": key, "isEnabled": True} for index, phrase in enumerate(phrases)]
+    return {"customCommands": json.dumps(commands).encode()}
 
 
 class GeneralModel:

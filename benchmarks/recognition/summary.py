@@ -7,7 +7,7 @@ from collections import defaultdict
 import drawing
 
 NEGATIVE = ("sentences", "near misses", "bare commands")
-LONG = ("ordinary speech", "music", "noise")
+LONG = ("ordinary speech", "people talking", "music", "noise")
 LEVELS = (20, 15, 10, 5)
 
 

@@ -7,11 +7,15 @@ import tempfile
 from dataclasses import dataclass, replace
 from pathlib import Path
 
+import recordings
 import sounds
 from digests import digest_of
 
 # Speech that was made another way is made anew.
-_MAKING = digest_of(__file__, sounds.__file__)
+_MAKING = digest_of(__file__, recordings.__file__, sounds.__file__)
+
+# Whence a voice is: put together from the sounds that a person made, made by rules, or a person who said it all.
+NATURAL, FORMANT, PERSON = "natural", "formant", "person"
 
 
 @dataclass(frozen=True)
@@ -19,7 +23,7 @@ class Voice:
     name: str
     engine: str
     base: str
-    natural: bool
+    kind: str
     # The size of the speaker: 1.06 is shorter in throat and higher in voice by 6 %.
     tract: float = 1.0
     # The length of what is said, 1.1 is slower by 10 %.
@@ -36,15 +40,19 @@ def _speakers(*voices):
 
 
 def _flite(name):
-    return Voice(name, "flite", name, natural=True)
+    return Voice(name, "flite", name, NATURAL)
 
 
 def _festival(name, base):
-    return Voice(name, "festival", base, natural=True)
+    return Voice(name, "festival", base, NATURAL)
 
 
 def _formant(name, base, pitch=50, stretch=1.0):
-    return Voice(name, "espeak-ng", base, natural=False, pitch=pitch, stretch=stretch)
+    return Voice(name, "espeak-ng", base, FORMANT, pitch=pitch, stretch=stretch)
+
+
+def _person(language):
+    return Voice(f"person {language}", "recorded", recordings.SPEAKERS[language], PERSON)
 
 
 # No speaker is in both halves.
@@ -54,12 +62,14 @@ VOICES = {
         _formant("en-us m3", "en-us+m3"),
         _formant("en-us f2", "en-us+f2"),
         _formant("en-us slow", "en-us", pitch=40, stretch=1.15),
+        _person("es"), _person("it"),
     ],
     "report": [
         *_speakers(_flite("slt"), _flite("awb"), _festival("slt hts", "cmu_us_slt_arctic_hts")),
         _formant("en-us m7", "en-us+m7"),
         _formant("en-us f4", "en-us+f4"),
         _formant("en-us quick", "en-us", pitch=60, stretch=0.95),
+        _person("en"), _person("fr"), _person("ru"),
     ],
 }
 
@@ -90,6 +100,9 @@ class Speech:
         return sounds.read(path)[0]
 
     def _say(self, voice, text):
+        if voice.engine == "recorded":
+            self._keep(voice, text, recordings.read(voice.base, text), recordings.RATE)
+            return
         with tempfile.TemporaryDirectory() as folder:
             spoken = Path(folder) / "spoken.wav"
             if voice.engine == "flite":
@@ -99,7 +112,7 @@ class Speech:
                 speed = str(round(165 / voice.stretch))  # words a minute
                 command = ["espeak-ng", "-v", voice.base, "-p", str(voice.pitch), "-s", speed, "-w", str(spoken), text]
             subprocess.run(command, check=True, stdin=subprocess.DEVNULL)
-            self._keep(voice, text, spoken)
+            self._keep(voice, text, *sounds.read(spoken))
 
     def _festival(self, base, wanted):
         with tempfile.TemporaryDirectory() as folder:
@@ -110,10 +123,9 @@ class Speech:
                 script.append(f'(utt.save.wave (utt.synth (Utterance Text "{words}")) "{folder}/{index}.wav")')
             subprocess.run(["festival", "--pipe"], input="\n".join(script).encode(), check=True)
             for index, (voice, text) in enumerate(wanted):
-                self._keep(voice, text, Path(folder) / f"{index}.wav")
+                self._keep(voice, text, *sounds.read(Path(folder) / f"{index}.wav"))
 
-    def _keep(self, voice, text, spoken):
-        samples, rate = sounds.read(spoken)
+    def _keep(self, voice, text, samples, rate):
         # Played faster, a voice is smaller.
         samples = sounds.resampled(samples, rate * voice.tract, sounds.RATE)
         samples = sounds.trimmed(samples)
