@@ -2,6 +2,7 @@
 
 #include "platform/linux/recognition/BackgroundWords.h"
 #include "platform/linux/recognition/LanguageModel.h"
+#include "platform/linux/recognition/NearWords.h"
 #include "platform/linux/recognition/SpokenForms.h"
 
 #include <algorithm>
@@ -23,12 +24,18 @@ public:
         compiled_->source = vocabulary;
         const QSet<QString> phraseWords = wordsOfPhrases();
         compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
+        Pronunciations ofPhrases;
         // Not of the other words: what is for us should be heard in every accent, what is not need not be.
         for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
             if (phraseWords.contains(it.key())) {
                 addOtherAccents(it.value());
+                ofPhrases.insert(it.key(), it.value());
             }
         }
+        const Pronunciations near = nearWords(ofPhrases, compiled_->pronunciations, dictionaryPath);
+        nearWords_ = near.keys();
+        nearWords_.sort();
+        compiled_->pronunciations.insert(near);
     }
 
     std::shared_ptr<const CompiledVocabulary> compile() {
@@ -53,7 +60,7 @@ public:
         }
         compiled_->soundAlikes = finder.find();
         for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
-            compiled_->languageModels[expecting] = languageModel(graph, expecting);
+            compiled_->languageModels[expecting] = languageModel(graph, expecting, nearWords_);
         }
         return compiled_;
     }
@@ -109,6 +116,7 @@ private:
     }
 
     std::shared_ptr<CompiledVocabulary> compiled_;
+    QStringList nearWords_;
 };
 
 } // namespace
