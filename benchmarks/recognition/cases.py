@@ -163,7 +163,7 @@ class Corpus:
         self._long(hours)
 
     def _long(self, hours):
-        """In pieces of five minutes, half of the time talk, most of the rest music. Sixty sentences are longer than that."""
+        """In pieces of five minutes, half of the time talk, most of the rest music. So many sentences are longer than that."""
         pieces = max(1, round(hours * 12))
         talk = np.array(material.prose() + material.studio_talk(1000, self._random))
 
@@ -185,15 +185,17 @@ class Corpus:
 
     def _said_by_people(self):
         """Nobody was asked to say our phrases, so what was said is made the user's own: wake phrase and commands."""
-        quieter = {"snr": 20}
-        conditions = [("clean", 200, [{}]), ("quiet", 66, [{"decibels": sounds.SPEECH_DECIBELS - 18}]),
-                      ("room", 66, [{"echo": True}]),
-                      ("over noise and music", 100, [{"background": what, **quieter} for what in sounds.NOISES + sounds.MUSIC])]
         speakers = [index for index in self._people if VOICES[self._half][index].base == recordings.SPEAKERS["en"]]
+        if not speakers:
+            return
+        noisy = [{"background": what, "snr": 20} for what in sounds.NOISES + sounds.MUSIC]
+        conditions = [("clean", 200, [{}]), ("quiet", 66, [{"decibels": sounds.SPEECH_DECIBELS - 18}]),
+                      ("room", 66, [{"echo": True}]), ("over noise and music", 100, noisy)]
+        wakes = [*recordings.WAKE_PHRASES, None]
         for name, count, several in conditions:
-            for index, (voice, phrase) in enumerate(self._pairs(speakers, recordings.PHRASES, count) if speakers else []):
-                wake = (*recordings.WAKE_PHRASES, None)[index % 3]
+            for index, (voice, phrase) in enumerate(self._pairs(speakers, recordings.PHRASES, count)):
+                wake = wakes[index % len(wakes)]
                 said = [wake, 0.35, phrase] if wake else [phrase]
                 self._add(f"a person, {name}", voice, said, [f"{wake} {phrase}" if wake else phrase],
                           settings=f"recorded, wake phrase: {wake}" if wake else "recorded, no wake phrase",
-                          **several[index % len(several)])
+                          **several[index // len(wakes) % len(several)])

@@ -1,4 +1,4 @@
-"""People who spoke before a microphone: the prompts of a telephone exchange, which Debian packages as they were recorded, at 16 kHz."""
+"""People who spoke before a microphone: the prompts of a telephone exchange, which Debian packages at 16 kHz."""
 
 import subprocess
 import tempfile
