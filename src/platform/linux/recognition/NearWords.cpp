@@ -80,6 +80,12 @@ bool isHardlyAnother(const Phones& one, const Phones& other) {
            (first + 1 == one.end() && isAmong(likeEndings, *first, *second));
 }
 
+/// One phone, wherever it is, leaves the beginning as it was or the end. That is soon seen, and hardly ever
+/// so.
+bool sharesAnEnd(const Phones& one, const Phones& other) {
+    return one.front() == other.front() || one.back() == other.back();
+}
+
 bool isLetters(QByteArrayView word) {
     return std::ranges::all_of(word, [](char letter) { return letter >= 'a' && letter <= 'z'; });
 }
@@ -107,7 +113,7 @@ Pronunciations nearWords(const Pronunciations& words, const Pronunciations& know
     PronouncingDictionary(dictionaryPath).visit([&](QByteArrayView word, QByteArrayView text) {
         readPhones(text, phones);
         const bool isNear = std::ranges::any_of(ways, [&phones](const Phones& way) {
-            return differByOnePhone(way, phones) && !isHardlyAnother(way, phones);
+            return sharesAnEnd(way, phones) && differByOnePhone(way, phones) && !isHardlyAnother(way, phones);
         });
         if (!isNear || !isLetters(word)) {
             return;
