@@ -2,7 +2,6 @@
 
 #include "platform/linux/recognition/BackgroundWords.h"
 #include "platform/linux/recognition/LanguageModel.h"
-#include "platform/linux/recognition/NearWords.h"
 #include "platform/linux/recognition/SpokenForms.h"
 
 #include <algorithm>
@@ -24,18 +23,12 @@ public:
         compiled_->source = vocabulary;
         const QSet<QString> phraseWords = wordsOfPhrases();
         compiled_->pronunciations = pronounce(otherWords() + phraseWords, dictionaryPath);
-        Pronunciations ofPhrases;
         // Not of the other words: what is for us should be heard in every accent, what is not need not be.
         for (auto it = compiled_->pronunciations.begin(); it != compiled_->pronunciations.end(); ++it) {
             if (phraseWords.contains(it.key())) {
                 addOtherAccents(it.value());
-                ofPhrases.insert(it.key(), it.value());
             }
         }
-        const Pronunciations near = nearWords(ofPhrases, compiled_->pronunciations, dictionaryPath);
-        nearWords_ = near.keys();
-        nearWords_.sort();
-        compiled_->pronunciations.insert(near);
     }
 
     std::shared_ptr<const CompiledVocabulary> compile() {
@@ -60,7 +53,7 @@ public:
         }
         compiled_->soundAlikes = finder.find();
         for (const Expecting expecting : {Expecting::WakePhrase, Expecting::Command}) {
-            compiled_->languageModels[expecting] = languageModel(graph, expecting, nearWords_);
+            compiled_->languageModels[expecting] = languageModel(graph, expecting);
         }
         return compiled_;
     }
@@ -116,7 +109,6 @@ private:
     }
 
     std::shared_ptr<CompiledVocabulary> compiled_;
-    QStringList nearWords_;
 };
 
 } // namespace

@@ -18,7 +18,7 @@ namespace brivandel {
 struct CompiledVocabulary {
     RecognitionVocabulary source;
     PhraseGraph graph;
-    /// Of the words in the graph, of the background words, and of those that are near the words of phrases.
+    /// Of the words in the graph, and of the background words.
     Pronunciations pronunciations;
     SoundAlikes soundAlikes;
     /// In ARPA format.

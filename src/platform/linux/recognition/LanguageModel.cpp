@@ -151,24 +151,15 @@ private:
     QSet<QString> words_;
 };
 
-// Of what may be said in place of our words, most is a surname that nobody here has.
-constexpr int rankOfRareWords = 1000;
-
-QHash<QString, double> unigrams(const QSet<QString>& ours, const QStringList& rareWords) {
+QHash<QString, double> unigrams(const QSet<QString>& ours) {
     QHash<QString, double> result;
+    // Frequency falls with the rank, less steeply among the first.
     double total = 0;
-    const auto add = [&](const QString& word, int rank) {
-        // Frequency falls with the rank, less steeply among the first.
-        const double weight = 1.0 / (rank + 10);
-        result[word] = weight;
-        total += weight;
-    };
     int rank = 0;
     for (const QStringView word : backgroundWords()) {
-        add(word.toString(), ++rank);
-    }
-    for (const QString& word : rareWords) {
-        add(word, rankOfRareWords);
+        const double weight = 1.0 / (++rank + 10);
+        result[word.toString()] = weight;
+        total += weight;
     }
     for (double& weight : result) {
         weight *= (1 - shareOfEnd - shareOfOurs) / total;
@@ -197,10 +188,10 @@ double backoff(double ours, const Continuations& listed,
 
 class Writer {
 public:
-    Writer(const Counter& counter, Expecting expecting, const QStringList& rareWords)
+    Writer(const Counter& counter, Expecting expecting)
         : counter_(counter)
         , atStart_(expecting == Expecting::Command ? oursAtStartOfCommand : oursAtStart)
-        , unigrams_(unigrams(counter.words(), rareWords)) {}
+        , unigrams_(unigrams(counter.words())) {}
 
     [[nodiscard]] QByteArray write() const {
         const QByteArray one = writeUnigrams();
@@ -279,9 +270,9 @@ private:
 
 } // namespace
 
-QByteArray languageModel(const PhraseGraph& graph, Expecting expecting, const QStringList& rareWords) {
+QByteArray languageModel(const PhraseGraph& graph, Expecting expecting) {
     const Counter counter(graph, expecting);
-    return Writer(counter, expecting, rareWords).write();
+    return Writer(counter, expecting).write();
 }
 
 } // namespace brivandel

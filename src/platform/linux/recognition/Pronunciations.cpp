@@ -1,9 +1,11 @@
 #include "platform/linux/recognition/Pronunciations.h"
 
 #include "platform/linux/recognition/LetterToSound.h"
-#include "platform/linux/recognition/PronouncingDictionary.h"
 
+#include <QFile>
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace brivandel {
 
@@ -31,11 +33,29 @@ Pronunciations lookUp(const QSet<QString>& words, const QString& dictionaryPath)
     }
 
     Pronunciations found;
-    PronouncingDictionary(dictionaryPath).visit([&](QByteArrayView word, QByteArrayView phones) {
-        if (wanted.contains(QByteArray::fromRawData(word.data(), word.size()))) {
-            found[QString::fromUtf8(word)] << QString::fromLatin1(phones);
+    QFile file(dictionaryPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return found;
+    }
+    const QByteArray text = file.readAll();
+    // "word PH ON ES", other pronunciations as "word(2) PH ON ES".
+    for (qsizetype at = 0; at < text.size();) {
+        qsizetype end = text.indexOf('\n', at);
+        end = end < 0 ? text.size() : end;
+        const QByteArrayView line = QByteArrayView(text).sliced(at, end - at);
+        at = end + 1;
+        const qsizetype space = line.indexOf(' ');
+        if (space <= 0) {
+            continue;
         }
-    });
+        QByteArrayView word = line.first(space);
+        if (word.endsWith(')')) {
+            word = word.first(std::max<qsizetype>(word.indexOf('('), 0));
+        }
+        if (wanted.contains(QByteArray::fromRawData(word.data(), word.size()))) {
+            found[QString::fromUtf8(word)] << QString::fromLatin1(line.sliced(space + 1).trimmed());
+        }
+    }
     return found;
 }
 

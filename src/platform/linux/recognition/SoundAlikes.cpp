@@ -1,10 +1,22 @@
 #include "platform/linux/recognition/SoundAlikes.h"
 
-#include "platform/linux/recognition/OnePhone.h"
-
 #include <algorithm>
 
 namespace brivandel {
+
+namespace {
+
+/// Whether one phone is put in, left out or exchanged between the two, which are not the same.
+bool differByOnePhone(const QStringList& one, const QStringList& other) {
+    const auto [first, second] = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
+    const qsizetype oneLeft = one.end() - first;
+    const qsizetype otherLeft = other.end() - second;
+    // All that follows the difference, which of the longer one takes a phone.
+    const qsizetype rest = std::max(oneLeft, otherLeft) - 1;
+    return rest >= 0 && std::abs(oneLeft - otherLeft) <= 1 && one.last(rest) == other.last(rest);
+}
+
+} // namespace
 
 void SoundAlikeFinder::add(const QString& text, const QStringList& words) {
     phrases_.append({text, words});
