@@ -30,7 +30,7 @@ def arguments():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--quick", action="store_true", help="a tenth of the utterances")
     parser.add_argument("--size", type=float, help="the share of the utterances; 1 is the whole")
-    parser.add_argument("--hours", type=float, default=3.2, help="of ordinary speech, music and noise")
+    parser.add_argument("--hours", type=float, default=3.2, help="of synthesised talk, people talking, music and noise")
     parser.add_argument("--only", default="", help="groups whose names hold one of these texts, parted by semicolons")
     parser.add_argument("--jobs", type=int, default=2, help="how many to run at once")
     parser.add_argument("--fresh", action="store_true", help="forget the results that are there")

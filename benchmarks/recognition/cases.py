@@ -62,8 +62,10 @@ class Corpus:
         self._numbers()
         self._pauses()
         self._settings()
-        self._negative(hours)
+        self._negative()
         self._said_by_people()
+        # Last, so that nothing else depends on how many there are.
+        self._long(hours)
 
     def _add(self, group, voice, parts, expected, **more):
         self.utterances.append(Utterance(
@@ -148,7 +150,7 @@ class Corpus:
         for voice, phrase in self._pairs(self._natural, self._phrases, 90):
             self._add("without a wake phrase", voice, [phrase], [phrase], settings="no wake phrase")
 
-    def _negative(self, hours):
+    def _negative(self):
         for voice, sentence in self._pairs(self._natural, material.studio_talk(60, self._random), 120):
             self._add("sentences, no wake phrase needed", voice, [sentence], [], settings="no wake phrase")
         for voice, sentence in self._pairs(self._natural, material.sentences_with_logic(90, self._random), 150):
@@ -160,13 +162,13 @@ class Corpus:
             self._add("near misses of a command", voice, [sentence], [])
         for voice, phrase in self._pairs(self._natural, self._phrases, 120):
             self._add("bare commands", voice, [phrase], [])
-        self._long(hours)
 
     def _long(self, hours):
-        """In pieces of five minutes, half of the time talk, most of the rest music. So many sentences are longer than that."""
+        """In pieces of five minutes, half of the time talk, most of the rest music."""
         pieces = max(1, round(hours * 12))
         talk = np.array(material.prose() + material.studio_talk(1000, self._random))
 
+        # Sixty sentences are longer than five minutes, and so are 150 recordings, of which many are single words.
         def add_talk(group, voice, sentences):
             parts = [part for sentence in sentences for part in (str(sentence), 0.6)]
             self._add(group, voice, parts, [], length=300)
@@ -184,7 +186,7 @@ class Corpus:
                 self._add("music", None, [], [], background=sounds.MUSIC[index // 2 % 4], length=300)
 
     def _said_by_people(self):
-        """Nobody was asked to say our phrases, so what was said is made the user's own: wake phrase and commands."""
+        """Nobody was asked to say our phrases, so what was said is made the user's own, but for a few that are ours."""
         speakers = [index for index in self._people if VOICES[self._half][index].base == recordings.SPEAKERS["en"]]
         if not speakers:
             return
@@ -193,7 +195,8 @@ class Corpus:
                       ("room", 66, [{"echo": True}]), ("over noise and music", 100, noisy)]
         wakes = [*recordings.WAKE_PHRASES, None]
         for name, count, several in conditions:
-            for index, (voice, phrase) in enumerate(self._pairs(speakers, recordings.PHRASES, count)):
+            phrases = [*recordings.PHRASES, *recordings.BUILT_IN_PHRASES]
+            for index, (voice, phrase) in enumerate(self._pairs(speakers, phrases, count)):
                 wake = wakes[index % len(wakes)]
                 said = [wake, 0.35, phrase] if wake else [phrase]
                 self._add(f"a person, {name}", voice, said, [f"{wake} {phrase}" if wake else phrase],

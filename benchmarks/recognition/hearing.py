@@ -6,6 +6,7 @@ import plistlib
 import re
 import subprocess
 import tempfile
+import threading
 from pathlib import Path
 
 import numpy as np
@@ -83,7 +84,10 @@ class Program:
         home = self._folder / "settings" / re.sub("[^a-z]+", "-", settings)
         if settings not in self._homes:
             (home / "brivandel").mkdir(parents=True, exist_ok=True)
-            (home / "brivandel" / "defaults.plist").write_bytes(plistlib.dumps(_stored(settings)))
+            # Another thread may write the same, and a program read it.
+            unfinished = home / f"{threading.get_ident()}.plist"
+            unfinished.write_bytes(plistlib.dumps(_stored(settings)))
+            unfinished.rename(home / "brivandel" / "defaults.plist")
             self._homes[settings] = home
         return {**os.environ, "XDG_CONFIG_HOME": str(home), "XDG_STATE_HOME": str(home)}
 
@@ -118,11 +122,19 @@ def _stored(settings):
     """Of settings such as "custom", "recorded, no wake phrase" and "wake phrase: maestro"."""
     stored = {}
     for setting in settings.split(", "):
-        name, _, value = setting.partition(": ")
-        stored |= {"default": lambda: {}, "no wake phrase": lambda: {"useWakeWord": False},
-                   "wake phrase": lambda: {"wakeWord": value},
-                   "custom": lambda: _custom_commands(material.CUSTOM_PHRASES),
-                   "recorded": lambda: _custom_commands(recordings.PHRASES)}[name]()
+        match setting.split(": "):
+            case ["default"]:
+                pass
+            case ["no wake phrase"]:
+                stored["useWakeWord"] = False
+            case ["wake phrase", wake]:
+                stored["wakeWord"] = wake
+            case ["custom"]:
+                stored["customCommands"] = _custom_commands(material.CUSTOM_PHRASES)
+            case ["recorded"]:
+                stored["customCommands"] = _custom_commands(recordings.PHRASES)
+            case _:
+                raise ValueError(f"no such setting: {setting}")
     return stored
 
 
@@ -130,7 +142,7 @@ def _custom_commands(phrases):
     key = {"keyCode": 1, "modifierFlags": 0, "displayString": "S", "appleScript": ""}
     commands = [{"id": f"00000000-0000-0000-0000-{index:012}", "name": phrase, "triggers": [phrase],
                  "capturedKey": key, "isEnabled": True} for index, phrase in enumerate(phrases)]
-    return {"customCommands": json.dumps(commands).encode()}
+    return json.dumps(commands).encode()
 
 
 class GeneralModel:

@@ -12,7 +12,7 @@ import sounds
 from digests import digest_of
 
 # Speech that was made another way is made anew.
-_MAKING = digest_of(__file__, recordings.__file__, sounds.__file__)
+_MAKING = digest_of(__file__, sounds.__file__)
 
 # Whence a voice is: put together from the sounds that a person made, made by rules, or a person who said it all.
 NATURAL, FORMANT, PERSON = "natural", "formant", "person"
@@ -62,14 +62,14 @@ VOICES = {
         _formant("en-us m3", "en-us+m3"),
         _formant("en-us f2", "en-us+f2"),
         _formant("en-us slow", "en-us", pitch=40, stretch=1.15),
-        _person("es"), _person("it"),
+        _person("it"),
     ],
     "report": [
         *_speakers(_flite("slt"), _flite("awb"), _festival("slt hts", "cmu_us_slt_arctic_hts")),
         _formant("en-us m7", "en-us+m7"),
         _formant("en-us f4", "en-us+f4"),
         _formant("en-us quick", "en-us", pitch=60, stretch=0.95),
-        _person("en"), _person("fr"), _person("ru"),
+        _person("en"), _person("es"), _person("fr"), _person("ru"),
     ],
 }
 
@@ -82,7 +82,10 @@ class Speech:
         cache.mkdir(parents=True, exist_ok=True)
 
     def _path(self, voice, text):
-        digest = hashlib.sha256(repr((_MAKING, voice, text)).encode()).hexdigest()
+        made = _MAKING
+        if voice.engine == "recorded":
+            made += digest_of(recordings.__file__, recordings.path_of(voice.base, text))
+        digest = hashlib.sha256(repr((made, voice, text)).encode()).hexdigest()
         return self._cache / f"{digest[:24]}.wav"
 
     def prepare(self, wanted):
@@ -101,7 +104,7 @@ class Speech:
 
     def _say(self, voice, text):
         if voice.engine == "recorded":
-            self._keep(voice, text, recordings.read(voice.base, text), recordings.RATE)
+            self._keep(voice, text, *recordings.read(voice.base, text))
             return
         with tempfile.TemporaryDirectory() as folder:
             spoken = Path(folder) / "spoken.wav"

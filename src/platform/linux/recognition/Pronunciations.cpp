@@ -120,12 +120,10 @@ void addOtherAccents(QStringList& ways) {
         }
     };
     for (const QString& way : QStringList(ways)) {
-        add(QString(way).replace(vowelOfCount, QStringLiteral("AH UH")));
-    }
-    for (const QString& way : QStringList(ways)) {
         const QString rounded = QString(way).replace(vowelOfStop, QStringLiteral("AO"));
         add(rounded);
         add(QString(rounded).remove(silentR));
+        add(QString(rounded).replace(vowelOfCount, QStringLiteral("AH UH")));
     }
 }
 

@@ -38,10 +38,13 @@ TEST_F(VocabularyTest, WordsOfTheDictionary_AreKnownWithTheirVariants) {
 }
 
 TEST_F(VocabularyTest, OtherAccents_AreKnownInPhrasesAlone) {
-    vocabulary_.phrases << QStringLiteral("start recording") << QStringLiteral("count in");
+    vocabulary_.phrases << QStringLiteral("start recording") << QStringLiteral("count an hour in");
     const auto compiled = compile();
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("count")],
               (QStringList{QStringLiteral("K AW N T"), QStringLiteral("K AH UH N T")}));
+    EXPECT_EQ(compiled->pronunciations[QStringLiteral("hour")],
+              (QStringList{QStringLiteral("AW ER"), QStringLiteral("AW R"), QStringLiteral("AH UH ER"),
+                           QStringLiteral("AW"), QStringLiteral("AH UH R")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("logic")],
               (QStringList{QStringLiteral("L AA JH IH K"), QStringLiteral("L AO JH IH K")}));
     EXPECT_EQ(compiled->pronunciations[QStringLiteral("on")],
