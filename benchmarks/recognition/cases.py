@@ -194,8 +194,8 @@ class Corpus:
         conditions = [("clean", 200, [{}]), ("quiet", 66, [{"decibels": sounds.SPEECH_DECIBELS - 18}]),
                       ("room", 66, [{"echo": True}]), ("over noise and music", 100, noisy)]
         wakes = [*recordings.WAKE_PHRASES, None]
+        phrases = [*recordings.PHRASES, *recordings.BUILT_IN_PHRASES]
         for name, count, several in conditions:
-            phrases = [*recordings.PHRASES, *recordings.BUILT_IN_PHRASES]
             for index, (voice, phrase) in enumerate(self._pairs(speakers, phrases, count)):
                 wake = wakes[index % len(wakes)]
                 said = [wake, 0.35, phrase] if wake else [phrase]

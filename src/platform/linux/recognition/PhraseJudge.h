@@ -27,8 +27,9 @@ public:
     /// By how much the resonances of each speaker are higher than in the model's training. The first is asked
     /// first.
     using Resonances = std::array<double, 3>;
-    /// Of 120 commands by formant voices of Britain 54 are understood without the second and the third, 78
-    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %. Two of each were wrong.
+    /// Of 120 commands by formant voices of Britain 54 were understood without the second and the third, 78
+    /// with 3.5 %, 77 with 5 %, 68 with 8 % and 67 with 12 %, before the variance was limited. Two of each
+    /// were wrong.
     static constexpr Resonances usualResonances = {1, 0.96, 1.04};
 
     /// None when the model cannot be loaded, which ModelFiles::problem() explains. Some 40 ms.
